@@ -1,0 +1,64 @@
+#include "platform/files/Paths.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "platform/error/ErrorNumber.h"
+#include "platform/error/RuntimeError.h"
+#include "platform/files/TemporaryFolder.h"
+#include "platform/text/Case.h"
+
+namespace velmar::files {
+namespace {
+
+TEST(Paths, FindsAFileWhateverTheCaseOfItsPath) {
+  const TemporaryFolder folder;
+  folder.Touch("Año 2001/Mis Datos/Informes.mdb");
+  const std::string real = folder / "Año 2001/Mis Datos/Informes.mdb";
+  std::string windows = text::UCase(real);
+  std::replace(windows.begin(), windows.end(), '/', '\\');
+  for (const std::string& written : {real, text::LCase(real), text::UCase(real), windows}) {
+    SCOPED_TRACE(written);
+    EXPECT_EQ(Resolve(written), real);
+  }
+  EXPECT_EQ(Resolve(folder / "AN\u0303O 2001/mis datos/"), folder / "Año 2001/Mis Datos");
+  EXPECT_EQ(Resolve(folder / "Ano 2001/Mis Datos/Informes.mdb"), std::nullopt);
+  EXPECT_EQ(Resolve(folder / "Año 2001/Mis Datos/Informes.mdb/x"), std::nullopt);
+  EXPECT_EQ(Resolve(""), std::nullopt);
+}
+
+TEST(Paths, LooksIntoEveryFolderThatIsMeant) {
+  const TemporaryFolder folder;
+  folder.Touch("datos/otro.mdb");
+  folder.Touch("Datos/Informes.mdb");
+  const auto found = Resolve(folder / "datos/informes.mdb");
+  ASSERT_TRUE(found);
+  EXPECT_TRUE(std::filesystem::exists(*found));
+}
+
+TEST(Paths, PrefersTheWrittenSpelling) {
+  const TemporaryFolder folder;
+  for (const char* name : {"HOJA.XLS", "Hoja.xls", "hoja.xls"}) folder.Touch(name);
+  EXPECT_EQ(Resolve(folder / "Hoja.xls"), folder / "Hoja.xls");
+  EXPECT_EQ(Resolve(folder / "hoja.xls"), folder / "hoja.xls");
+}
+
+TEST(Paths, ANewFileKeepsItsNameInTheRealFolder) {
+  const TemporaryFolder folder;
+  folder.Touch("Datos/Informes.mdb");
+  EXPECT_EQ(ResolveForCreation(folder / "DATOS\\ExportacionExcel0.mdb"),
+            folder / "Datos/ExportacionExcel0.mdb");
+  EXPECT_EQ(ResolveForCreation("hoja.xls"), "hoja.xls");
+  try {
+    ResolveForCreation(folder / "Otros/hoja.xls");
+    FAIL() << "no error";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.Number(), kPathNotFound);
+    EXPECT_NE(error.Description().find("Otros"), std::string::npos);
+  }
+  EXPECT_THROW(ResolveForCreation(folder / "Datos/"), RuntimeError);
+}
+
+}  // namespace
+}  // namespace velmar::files
