@@ -27,5 +27,11 @@ TEST(Case, FoldingMakesBothSpellingsOne) {
   EXPECT_NE(FoldCase("ano"), FoldCase("año"));
 }
 
+TEST(Case, CanonicalFoldingKnowsEveryWayToWriteAnAccent) {
+  EXPECT_EQ(FoldCanonical("PEN\u0303A \u00C9\u1E69"), FoldCanonical("pe\u00F1a e\u0301S\u0307\u0323"));
+  EXPECT_EQ(FoldCanonical("Hoja1.XLS"), "hoja1.xls");
+  EXPECT_NE(FoldCanonical("cana"), FoldCanonical("caña"));
+}
+
 }  // namespace
 }  // namespace velmar::text

@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "platform/excel/CellModel.h"
+#include "platform/excel/TemporaryFolder.h"
+#include "platform/excel/WorkbookCheck.h"
+
+namespace velmar::excel {
+namespace {
+
+constexpr int kBlock = 8000;
+constexpr int kSheet = 64'000;
+const std::vector<std::string> kColumns = {"Número", "Nombre", "Calle", "Importe", "Activo", "Nota"};
+
+std::vector<CellModel::Row> Block(int first, int end) {
+  std::vector<CellModel::Row> rows;
+  for (int i = first; i < std::min(end, first + kBlock); ++i) {
+    CellModel::Row row = {
+        double(i),  "Socio número " + std::to_string(i),  "Calle " + std::to_string(i % 97), i * 0.37,
+        i % 2 == 0, "Ñandú 10 € " + std::to_string(i % 5)};
+    if (i % 3 == 0) row[4] = {};
+    if (i % 7 == 0) row[5] = "";
+    rows.push_back(std::move(row));
+  }
+  return rows;
+}
+
+class WorkbookSizes : public testing::TestWithParam<int> {};
+
+TEST_P(WorkbookSizes, ReadBackCellByCell) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("libro.xls");
+  Workbook book(path);
+  CellModel model;
+  for (int first = 0; first < GetParam(); first += kBlock) {
+    const auto rows = Block(first, GetParam());
+    if (first % kSheet == 0)
+      model.Create(book, "Hoja" + std::to_string(first / kSheet + 1), kColumns, rows);
+    else
+      model.Append(book, rows);
+    if (first % (5 * kBlock) == 0) {
+      ASSERT_EQ(WorkbookCheck::Problem(path), "") << first;
+    }
+  }
+  EXPECT_EQ(WorkbookCheck::Problem(path), "");
+  EXPECT_EQ(model.DiffersForFreexl(path), "");
+  EXPECT_EQ(model.DiffersForXlrd(path), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, WorkbookSizes, testing::Values(1, 8000, 8001, 64'000, 64'001, 200'000));
+
+// Tiny statements around the size at which the header's room for FAT sectors ends.
+TEST(WorkbookSize, PassesTheFirstDifatSectorInTinySteps) {
+  constexpr std::uintmax_t kHeaderFull = 109ull * 128 * 512;
+  const TemporaryFolder folder;
+  const std::string path = folder.File("libro.xls");
+  Workbook book(path);
+  CellModel model;
+  auto rows = [next = 0](int count) mutable {
+    std::vector<CellModel::Row> made;
+    for (int i = 0; i < count; ++i) made.push_back({std::string(1000, 'x') + std::to_string(next++)});
+    return made;
+  };
+  model.Create(book, "Hoja1", {"Texto"}, rows(6700));
+  while (std::filesystem::file_size(path) < kHeaderFull - 20'000) model.Append(book, rows(10));
+  int steps = 0;
+  for (; std::filesystem::file_size(path) < kHeaderFull + 5'000; ++steps) {
+    model.Append(book, rows(1));
+    ASSERT_EQ(WorkbookCheck::Problem(path), "") << steps;
+  }
+  EXPECT_GT(steps, 5);
+  EXPECT_EQ(model.DiffersForFreexl(path), "");
+}
+
+TEST(WorkbookSize, ABlockCostsTheSameHoweverLongTheFile) {
+  const TemporaryFolder folder;
+  Workbook book(folder.File("libro.xls"));
+  std::vector<IoCounts> counts;
+  for (int block = 0; block < 60; ++block) {
+    const std::string sheet = "Hoja" + std::to_string(block / 8 + 1);
+    const auto writer =
+        block % 8 == 0 ? book.CreateSheet(sheet, kColumns) : book.AppendTo(sheet, kColumns.size());
+    // Rows of equal length, whatever their number.
+    for (const auto& row : Block(1'000'000 + block * kBlock, INT32_MAX)) CellModel::AddRow(*writer, row);
+    writer->Commit();
+    counts.push_back(writer->Counts());
+  }
+  const IoCounts& early = counts[1];
+  for (std::size_t block = 52; block < 60; ++block) {
+    SCOPED_TRACE(block);
+    EXPECT_LE(counts[block].writes, early.writes + 3);
+    EXPECT_LE(counts[block].reads, early.reads + 12);
+    EXPECT_LE(counts[block].bytesWritten, early.bytesWritten + 16'384);
+    EXPECT_LE(counts[block].bytesRead, early.bytesRead + 32'768);
+  }
+}
+
+}  // namespace
+}  // namespace velmar::excel

@@ -1,0 +1,268 @@
+#include "platform/excel/Workbook.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <cmath>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <limits>
+
+#include "platform/error/ErrorNumber.h"
+#include "platform/error/RuntimeError.h"
+#include "platform/excel/CellModel.h"
+#include "platform/excel/TemporaryFolder.h"
+#include "platform/excel/WorkbookCheck.h"
+
+namespace velmar::excel {
+namespace {
+
+class WorkbookTest : public testing::Test {
+ protected:
+  std::string Content() const {
+    if (!std::filesystem::is_regular_file(path_)) return {};
+    std::ifstream file(path_, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+  void Put(const std::string& content) const { std::ofstream(path_, std::ios::binary) << content; }
+
+  // The action must fail with this number, name the file and leave it as it is.
+  void ExpectRefused(long number, const std::function<void()>& action) const {
+    const std::string before = Content();
+    try {
+      action();
+      ADD_FAILURE() << "not refused";
+    } catch (const RuntimeError& error) {
+      EXPECT_EQ(error.Number(), number) << error.Description();
+      EXPECT_THAT(error.Description(), testing::HasSubstr("libro.xls"));
+    }
+    EXPECT_EQ(Content(), before);
+  }
+
+  void ExpectReads(const CellModel& model) const {
+    EXPECT_EQ(WorkbookCheck::Problem(path_), "");
+    EXPECT_EQ(model.DiffersForFreexl(path_), "");
+    EXPECT_EQ(model.DiffersForXlrd(path_), "");
+  }
+
+  TemporaryFolder folder_;
+  std::string path_ = folder_.File("libro.xls");
+  Workbook book_{path_};
+  CellModel model_;
+};
+
+TEST_F(WorkbookTest, KeepsEveryKindOfCell) {
+  const std::vector<CellModel::Row> rows = {
+      {"=1+1", 0.0, true}, {"007", -0.0, false},   {"\"comillas\" y 'apóstrofos'", 1e308, {}},
+      {"1e5", 0.1, {}},    {"Señor €", 12.34, {}}, {"😀 emoji", 536870912.0, {}},
+      {" ", 5e-324, {}},   {{}, {}, {}},           {"tab\ty\x01 control", -1.0 / 3, true},
+      {"", 99.99, false}};
+  model_.Create(book_, "Hoja1", {"Texto", "Número", "Sí o no"}, rows);
+  ExpectReads(model_);
+}
+
+TEST_F(WorkbookTest, MendsWhatNoCellCanHold) {
+  const auto writer = book_.CreateSheet("Hoja1", {"a", "b"});
+  writer->AddNumber(std::numeric_limits<double>::quiet_NaN());
+  writer->AddText(std::string_view("a\0b", 3));
+  writer->EndRow();
+  writer->AddNumber(-std::numeric_limits<double>::infinity());
+  writer->AddText("x\xFFy");
+  writer->EndRow();
+  writer->AddText(std::string_view("\0", 1));
+  writer->AddText("fin");
+  writer->EndRow();
+  writer->Commit();
+  EXPECT_EQ(writer->RowCount(), 3u);
+  model_.sheets = {{"Hoja1", {{"a", "b"}, {{}, "ab"}, {{}, "x\uFFFDy"}, {{}, "fin"}}}};
+  ExpectReads(model_);
+}
+
+TEST_F(WorkbookTest, KeepsTextsUpToTheLongest) {
+  std::string wide;
+  for (int i = 0; i < 16'383; ++i) wide += "😀";
+  model_.Create(
+      book_, "Hoja1", {"a"},
+      {{std::string(32'767, 'x')}, {wide + "x"}, {"x" + wide}, {std::string(8221, 'y')}, {"corto"}});
+  EXPECT_EQ(WorkbookCheck::Problem(path_), "");
+  EXPECT_EQ(model_.DiffersForXlrd(path_), "");
+  for (const std::string& text : {std::string(32'768, 'x'), wide + "xy"}) {
+    const auto writer = book_.AppendTo("Hoja1", 1);
+    ExpectRefused(kFieldSizeExceeded, [&] { writer->AddText(text); });
+  }
+}
+
+// Sheets as small as they get, so that beginnings, ends and sectors meet in every way.
+TEST_F(WorkbookTest, MixesStatementsOfAllSizes) {
+  unsigned random = 7;
+  const auto draw = [&random](unsigned limit) {
+    return (random = random * 1'103'515'245 + 12'345) / 65'536 % limit;
+  };
+  std::vector<std::string> columns = {"Código", "Nombre"};
+  for (int step = 0; step < 150; ++step) {
+    SCOPED_TRACE(step);
+    std::vector<CellModel::Row> rows(draw(4) == 0 ? draw(300) : draw(12));
+    for (auto& row : rows)
+      row = {draw(3) == 0 ? CellModel::Cell() : double(draw(1000)) / 8, std::string(draw(60), 'x') + "ñ"};
+    if (step == 0 || draw(4) == 0)
+      model_.Create(book_, "Hoja" + std::to_string(model_.sheets.size() + 1), columns, rows);
+    else
+      model_.Append(book_, rows);
+    ASSERT_EQ(WorkbookCheck::Problem(path_), "");
+    if (step % 10 == 0) {
+      ASSERT_EQ(model_.DiffersForFreexl(path_), "");
+    }
+  }
+  ExpectReads(model_);
+}
+
+TEST_F(WorkbookTest, TellsSheetsAndColumns) {
+  ExpectRefused(kFileNotFound, [&] { book_.SheetNames(); });
+  ExpectRefused(kFileNotFound, [&] { book_.AppendTo("Hoja1", 1); });
+  model_.Create(book_, "Hoja1", {"Código", "Nombre"});
+  model_.Create(book_, "Años", {"Año"});
+  EXPECT_THAT(book_.SheetNames(), testing::ElementsAre("Hoja1", "Años"));
+  EXPECT_THAT(book_.ColumnNames("HOJA1"), testing::ElementsAre("Código", "Nombre"));
+  EXPECT_THAT(book_.ColumnNames("años"), testing::ElementsAre("Año"));
+  ExpectRefused(kUnknownTable, [&] { book_.ColumnNames("Hoja2"); });
+  ExpectReads(model_);
+}
+
+TEST_F(WorkbookTest, ManySheets) {
+  for (int i = 0; i < 200; ++i)
+    model_.Create(book_, "Hoja número " + std::to_string(i), {"Nombre"}, {{double(i)}});
+  ExpectReads(model_);
+}
+
+TEST_F(WorkbookTest, NothingHappensWithoutCommit) {
+  book_.CreateSheet("Hoja1", {"a"});
+  EXPECT_TRUE(folder_.Empty());
+  model_.Create(book_, "Hoja1", {"a"}, {{1.0}});
+  const std::string before = Content();
+  const auto writer = book_.AppendTo("Hoja1", 1);
+  writer->AddText("x");
+  writer->EndRow();
+  EXPECT_EQ(Content(), before);
+}
+
+TEST_F(WorkbookTest, RefusesWhatDoesNotFit) {
+  const std::vector<std::string> wide(257, "c");
+  ExpectRefused(kWorkbookLimit, [&] { book_.CreateSheet("Hoja1", {}); });
+  ExpectRefused(kWorkbookLimit, [&] { book_.CreateSheet("Hoja1", wide); });
+  ExpectRefused(kWorkbookLimit, [&] { book_.CreateSheet("a:b", {"a"}); });
+  model_.Create(book_, "Hoja1", std::vector<std::string>(256, "c"), {CellModel::Row(256, 1.5)});
+  ExpectReads(model_);
+  ExpectRefused(kTableExists, [&] { book_.CreateSheet("HOJA1", {"a"}); });
+  ExpectRefused(kWorkbookLimit, [&] { book_.AppendTo("Hoja1", 257); });
+  ExpectRefused(kWorkbookLimit, [&] { book_.AppendTo("Hoja1", 0); });
+  ExpectRefused(kUnknownTable, [&] { book_.AppendTo("Hoja2", 1); });
+  model_.Create(book_, "Hoja2", {"a", "b"});
+  ExpectRefused(kWorkbookLimit, [&] { book_.AppendTo("Hoja1", 1); });
+  const auto writer = book_.AppendTo("Hoja2", 2);
+  ExpectRefused(kInvalidProcedureCall, [&] {
+    writer->AddNull();
+    writer->EndRow();
+  });
+  ExpectRefused(kInvalidProcedureCall, [&] { writer->Commit(); });
+  writer->AddNull();
+  ExpectRefused(kInvalidProcedureCall, [&] { writer->AddNull(); });
+  writer->EndRow();
+  writer->Commit();
+  ExpectRefused(kInvalidProcedureCall, [&] { writer->Commit(); });
+  ExpectRefused(kInvalidProcedureCall, [&] { writer->AddNull(); });
+}
+
+TEST_F(WorkbookTest, HoldsAsManyRowsAsTheFormat) {
+  std::vector<CellModel::Row> rows;
+  for (int i = 0; i < 65'535; ++i) rows.push_back({double(i)});
+  model_.Create(book_, "Hoja1", {"a"}, rows);
+  ExpectReads(model_);
+  const auto writer = book_.AppendTo("Hoja1", 1);
+  ExpectRefused(kWorkbookLimit, [&] { writer->AddNumber(1); });
+}
+
+TEST_F(WorkbookTest, RefusesOtherFiles) {
+  const auto create = [&] { book_.CreateSheet("Hoja1", {"a"}); };
+  for (const std::string& content : {std::string(), std::string("hola"), std::string(9000, '\0')}) {
+    Put(content);
+    ExpectRefused(kWorkbookFormat, create);
+    ExpectRefused(kWorkbookFormat, [&] { book_.SheetNames(); });
+  }
+  std::filesystem::remove(path_);
+  std::filesystem::create_directory(path_);
+  ExpectRefused(kPermissionDenied, create);
+  Workbook elsewhere(folder_.File("no/libro.xls"));
+  ExpectRefused(kPathNotFound, [&] { elsewhere.CreateSheet("Hoja1", {"a"})->Commit(); });
+}
+
+TEST_F(WorkbookTest, RefusesAWorkbookThatIsNoLongerItsOwn) {
+  model_.Create(book_, "Hoja1", {"Código", "Nombre"}, {{1.0, "uno"}, {2.0, "dos"}});
+  model_.Append(book_, {{3.0, "tres"}});
+  const std::string good = Content();
+  for (const std::size_t size : {std::size_t{8}, std::size_t{511}, std::size_t{512}, good.size() / 2,
+                                 good.size() - 512, good.size() - 1}) {
+    SCOPED_TRACE(size);
+    Put(good.substr(0, size));
+    ExpectRefused(kWorkbookFormat, [&] { book_.AppendTo("Hoja1", 2); });
+  }
+  // Whatever byte changes: the append is refused, or it leaves that byte out of the game.
+  int refused = 0;
+  for (std::size_t place = 0; place < good.size(); place += 101) {
+    SCOPED_TRACE(place);
+    std::string bad = good;
+    bad[place] = static_cast<char>(bad[place] ^ 0x10);
+    Put(bad);
+    try {
+      const auto writer = book_.AppendTo("Hoja1", 2);
+      CellModel::AddRow(*writer, {4.0, "cuatro"});
+      writer->Commit();
+      EXPECT_NE(Content(), bad);
+    } catch (const RuntimeError& error) {
+      ++refused;
+      EXPECT_EQ(error.Number(), kWorkbookFormat) << error.Description();
+      EXPECT_EQ(Content(), bad);
+    }
+  }
+  EXPECT_GT(refused, 80);
+}
+
+TEST_F(WorkbookTest, NoticesAChangeBetweenStartAndCommit) {
+  model_.Create(book_, "Hoja1", {"a"}, {{1.0}});
+  const auto late = book_.AppendTo("Hoja1", 1);
+  CellModel::AddRow(*late, {2.0});
+  model_.Append(book_, {{3.0}});
+  ExpectRefused(kWorkbookFormat, [&] { late->Commit(); });
+  const auto gone = book_.AppendTo("Hoja1", 1);
+  std::filesystem::remove(path_);
+  ExpectRefused(kFileNotFound, [&] { gone->Commit(); });
+  const auto second = book_.CreateSheet("Hoja1", {"a"});
+  Put("otro");
+  ExpectRefused(kPermissionDenied, [&] { second->Commit(); });
+}
+
+// The operating system's own limit for files stands for a full disk.
+TEST_F(WorkbookTest, SurvivesAFullDisk) {
+  model_.Create(book_, "Hoja1", {"a"}, {{1.0}});
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  for (const std::uintmax_t room : {1000u, 100'000u}) {
+    const auto writer = book_.AppendTo("Hoja1", 1);
+    for (int i = 0; i < 50'000; ++i) CellModel::AddRow(*writer, {"texto " + std::to_string(i)});
+    rlimit limit = before;
+    limit.rlim_cur = std::filesystem::file_size(path_) + room;
+    setrlimit(RLIMIT_FSIZE, &limit);
+    ExpectRefused(kDiskFull, [&] { writer->Commit(); });
+    setrlimit(RLIMIT_FSIZE, &before);
+  }
+  std::signal(SIGXFSZ, handler);
+  model_.Append(book_, {{2.0}});
+  ExpectReads(model_);
+}
+
+}  // namespace
+}  // namespace velmar::excel
