@@ -1,0 +1,134 @@
+#include "platform/ado/Database.h"
+
+#include <sqlite3.h>
+#include <sys/stat.h>
+
+#include "platform/ado/EngineFailure.h"
+#include "platform/ado/Statement.h"
+#include "platform/ado/TableNames.h"
+#include "platform/jet/Engine.h"
+#include "platform/jet/Translation.h"
+
+namespace ADODB {
+namespace {
+
+constexpr int kBusyMilliseconds = 5000;
+
+void RequireDatabaseFile(const std::string& path) {
+  struct stat information {};
+  if (::stat(path.c_str(), &information) == 0 && S_ISREG(information.st_mode) && information.st_size > 0)
+    return;
+  throw NotADatabase(path);
+}
+
+}  // namespace
+
+FileIdentity IdentityOf(const std::string& path) {
+  struct stat information {};
+  if (::stat(path.c_str(), &information) != 0) throw DatabaseNotFound(path);
+  return {static_cast<std::uint64_t>(information.st_dev), static_cast<std::uint64_t>(information.st_ino)};
+}
+
+void Database::Closer::operator()(sqlite3* handle) const noexcept {
+  sqlite3_close_v2(handle);
+}
+
+Database::Database(const std::string& path, New) : files_{{"main", path}}, identity_(IdentityOf(path)) {
+  OpenHandle();
+}
+
+Database::Database(const std::string& path) : files_{{"main", path}}, identity_(IdentityOf(path)) {
+  RequireDatabaseFile(path);
+  OpenHandle();
+}
+
+void Database::OpenHandle() {
+  sqlite3* handle = nullptr;
+  const int code = sqlite3_open_v2(
+      Path().c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+  handle_.reset(handle);
+  if (code != SQLITE_OK) throw EngineFailure(*this, code);
+  sqlite3_busy_timeout(handle, kBusyMilliseconds);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_set_authorizer(handle, &Database::Authorize, this);
+  velmar::jet::RegisterFunctions(handle);
+  Configure("main");
+}
+
+Database::~Database() = default;
+
+void Database::Run(const std::string& sql) {
+  Statement statement(*this, sql);
+  while (statement.Step()) {
+  }
+}
+
+std::int64_t Database::Number(const std::string& sql) {
+  Statement statement(*this, sql);
+  return statement.Step() ? statement.Long(0) : 0;
+}
+
+void Database::Attach(const std::string& path, const std::string& alias) {
+  RequireDatabaseFile(path);
+  files_.insert_or_assign(alias, path);
+  try {
+    Statement attach(*this, "ATTACH DATABASE ?1 AS ?2");
+    attach.Bind(1, path);
+    attach.Bind(2, alias);
+    attach.Step();
+  } catch (...) {
+    files_.erase(alias);
+    throw;
+  }
+  try {
+    Configure(alias);
+  } catch (...) {
+    TryDetach(alias);
+    throw;
+  }
+}
+
+bool Database::TryDetach(const std::string& alias) noexcept {
+  try {
+    Run("DETACH DATABASE " + velmar::jet::QuoteIdentifier(alias));
+    files_.erase(alias);
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+std::string Database::FileOf(std::string_view alias) const {
+  const auto found = files_.find(alias);
+  return found == files_.end() ? std::string() : found->second;
+}
+
+bool Database::InTransaction() const noexcept {
+  return sqlite3_get_autocommit(handle_.get()) == 0;
+}
+
+/// The first read of the file: it finds a foreign or truncated one and brings back a journal that was left.
+void Database::Configure(const std::string& alias) {
+  const std::string prefix = "PRAGMA " + velmar::jet::QuoteIdentifier(alias) + ".";
+  Number("SELECT count(*) FROM " + velmar::jet::QuoteIdentifier(alias) + ".sqlite_master");
+  const bool scratch = Number(prefix + "application_id") == kScratchMark;
+  if (alias == "main") scratch_ = scratch;
+  // In KiB. The main file's cache also bounds what a sort holds in memory. Files are not mapped into memory:
+  // another program that cuts one short would end this one.
+  Run(prefix + (alias == "main" ? "cache_size = -32768" : "cache_size = -8192"));
+  Run(prefix + "mmap_size = 0");
+  // The engine allows no change of durability inside a transaction; full durability is what it starts with.
+  if (!InTransaction()) Run(prefix + (scratch ? "synchronous = OFF" : "synchronous = FULL"));
+}
+
+int Database::Authorize(void* self, int /*action*/, const char* first, const char* second,
+                        const char* /*alias*/, const char* /*trigger*/) {
+  if (static_cast<Database*>(self)->systemAccess_ > 0) return SQLITE_OK;
+  for (const char* name : {first, second}) {
+    if (name != nullptr && IsSystemTable(name)) return SQLITE_DENY;
+  }
+  return SQLITE_OK;
+}
+
+}  // namespace ADODB

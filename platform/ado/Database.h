@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/error/RuntimeError.h"
+
+struct sqlite3;
+
+namespace ADODB {
+
+/// Marks in a file's header (application id): how the file is to be kept. A file with any other mark is taken
+/// as a host database.
+inline constexpr std::int64_t kHostMark = 0x56454C4D;
+inline constexpr std::int64_t kScratchMark = 0x56454C53;
+
+/// Device and number of a file: the same for all spellings of its path.
+struct FileIdentity {
+  std::uint64_t device = 0;
+  std::uint64_t number = 0;
+  bool operator==(const FileIdentity&) const = default;
+};
+
+/// kDatabaseNotFound if there is no such file.
+FileIdentity IdentityOf(const std::string& path);
+
+/// One open engine handle: the main file and the files that are attached to it, each under an alias. All
+/// opening, attaching and running of engine text goes through here and Statement.
+class Database {
+ public:
+  /// Opens an existing database file. kNotADatabase, kPermissionDenied, kDatabaseLocked.
+  explicit Database(const std::string& path);
+  /// Opens a file of no bytes, which the first statement makes a database.
+  struct New {};
+  Database(const std::string& path, New);
+  ~Database();
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+
+  sqlite3* Handle() const noexcept { return handle_.get(); }
+  const std::string& Path() const noexcept { return files_.at("main"); }
+  const FileIdentity& Identity() const noexcept { return identity_; }
+  /// True if the main file is marked as scratch.
+  bool IsScratch() const noexcept { return scratch_; }
+
+  /// Runs engine text that gives no rows.
+  void Run(const std::string& sql);
+  /// The one number that engine text gives; 0 if it gives no row.
+  std::int64_t Number(const std::string& sql);
+
+  void Attach(const std::string& path, const std::string& alias);
+  /// False if a statement or transaction still uses the file.
+  bool TryDetach(const std::string& alias) noexcept;
+  /// The file behind an alias, empty if there is none.
+  std::string FileOf(std::string_view alias) const;
+
+  bool InTransaction() const noexcept;
+
+  /// While one exists, texts may name the system table, which is closed to statements otherwise.
+  class SystemAccess {
+   public:
+    explicit SystemAccess(Database& database) noexcept : database_(&database) { ++database_->systemAccess_; }
+    ~SystemAccess() { --database_->systemAccess_; }
+    SystemAccess(const SystemAccess&) = delete;
+    SystemAccess& operator=(const SystemAccess&) = delete;
+
+   private:
+    Database* database_;
+  };
+
+ private:
+  struct Closer {
+    void operator()(sqlite3* handle) const noexcept;
+  };
+  static int Authorize(void* self, int action, const char* first, const char* second, const char* alias,
+                       const char* trigger);
+  void OpenHandle();
+  void Configure(const std::string& alias);
+
+  std::map<std::string, std::string, std::less<>> files_;
+  FileIdentity identity_;
+  std::unique_ptr<sqlite3, Closer> handle_;
+  bool scratch_ = false;
+  int systemAccess_ = 0;
+};
+
+}  // namespace ADODB

@@ -1,0 +1,68 @@
+#include "platform/ado/DatabaseFile.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <utility>
+
+#include "platform/ado/Database.h"
+#include "platform/ado/DatabasePassword.h"
+#include "platform/error/ErrorNumber.h"
+#include "platform/error/RuntimeError.h"
+
+namespace ADODB {
+namespace {
+
+using velmar::RuntimeError;
+
+[[noreturn]] void RaiseCreation(int failure, const std::string& path) {
+  const std::string what = "No se ha podido crear la base de datos " + path + ": ";
+  constexpr const char* kSource = "ADOX.Catalog";
+  switch (failure) {
+    case EEXIST:
+      throw RuntimeError(velmar::kFileAlreadyExists, what + "el fichero ya existe.", kSource);
+    case ENOENT:
+    case ENOTDIR:
+      throw RuntimeError(velmar::kPathNotFound, what + "la carpeta no existe.", kSource);
+    case ENOSPC:
+    case EDQUOT:
+      throw RuntimeError(velmar::kDiskFull, what + "el disco está lleno.", kSource);
+    default:
+      throw RuntimeError(velmar::kPermissionDenied, what + "no hay permiso para escribir en la carpeta.",
+                         kSource);
+  }
+}
+
+}  // namespace
+
+DatabaseFile::DatabaseFile(std::string path) : path_(std::move(path)) {
+  const int descriptor = ::open(path_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666);
+  if (descriptor < 0) RaiseCreation(errno, path_);
+  ::close(descriptor);
+  RemoveCompanions();
+}
+
+DatabaseFile::~DatabaseFile() {
+  if (keep_) return;
+  std::error_code ignored;
+  std::filesystem::remove(path_, ignored);
+  RemoveCompanions();
+}
+
+void DatabaseFile::Initialise(bool scratch, const std::string& password) {
+  Database database(path_, Database::New{});
+  if (scratch) database.Run("PRAGMA synchronous = OFF");
+  database.Run("PRAGMA application_id = " + std::to_string(scratch ? kScratchMark : kHostMark));
+  if (!password.empty()) StorePassword(database, password);
+}
+
+void DatabaseFile::RemoveCompanions() const noexcept {
+  for (const char* ending : {"-journal", "-wal", "-shm"}) {
+    std::error_code ignored;
+    std::filesystem::remove(path_ + ending, ignored);
+  }
+}
+
+}  // namespace ADODB

@@ -1,0 +1,191 @@
+#include "platform/ado/Session.h"
+
+#include <sqlite3.h>
+
+#include "platform/ado/DatabasePassword.h"
+#include "platform/ado/ForwardCursor.h"
+#include "platform/ado/KeyedTable.h"
+#include "platform/ado/KeysetCursor.h"
+#include "platform/ado/Recordset.h"
+#include "platform/ado/RowCopy.h"
+#include "platform/ado/SessionUser.h"
+#include "platform/ado/Statement.h"
+#include "platform/ado/StaticCursor.h"
+#include "platform/ado/StoredCursor.h"
+#include "platform/error/ErrorNumber.h"
+#include "platform/jet/NameMap.h"
+#include "platform/jet/Translation.h"
+
+namespace ADODB {
+namespace {
+
+using velmar::RuntimeError;
+using velmar::jet::StatementKind;
+using velmar::jet::Translation;
+
+constexpr const char* kSource = "ADODB.Connection";
+
+}  // namespace
+
+Session::Session(const std::string& path)
+    : database_(std::make_unique<Database>(path)), attachments_(*database_) {}
+
+std::shared_ptr<Session> Session::Open(const std::string& path, const std::string& password) {
+  std::shared_ptr<Session> session(new Session(path));
+  RequirePassword(session->Engine(), "main", session->Engine().Identity(), password);
+  return session;
+}
+
+Session::~Session() {
+  if (batch_) sqlite3_exec(database_->Handle(), "COMMIT", nullptr, nullptr, nullptr);
+}
+
+void Session::Close() {
+  if (transaction_) {
+    throw RuntimeError(
+        velmar::kTransactionOpen,
+        "No se puede cerrar la conexión con una transacción abierta: termine antes con CommitTrans o "
+        "RollbackTrans.",
+        kSource);
+  }
+  EndBatch();
+  LetGoOfAll();
+}
+
+void Session::LetGoOfAll() noexcept {
+  for (SessionUser* user : std::exchange(users_, {})) user->LetGo();
+  attachments_.Release();
+}
+
+void Session::Begin() {
+  if (transaction_) {
+    throw RuntimeError(velmar::kTransactionOpen, "Ya hay una transacción abierta en esta conexión.", kSource);
+  }
+  EndBatch();
+  database_->Run("BEGIN");
+  transaction_ = true;
+}
+
+void Session::Commit() {
+  if (!transaction_) {
+    throw RuntimeError(velmar::kNoTransaction, "No hay ninguna transacción abierta que confirmar.", kSource);
+  }
+  if (!database_->InTransaction()) {
+    transaction_ = false;
+    throw RuntimeError(
+        velmar::kNoTransaction,
+        "La transacción se deshizo entera por un error anterior: no se ha guardado ninguno de sus "
+        "cambios.",
+        kSource);
+  }
+  database_->Run("COMMIT");
+  transaction_ = false;
+  attachments_.Release();
+}
+
+void Session::Rollback() {
+  if (!transaction_) {
+    throw RuntimeError(velmar::kNoTransaction, "No hay ninguna transacción abierta que deshacer.", kSource);
+  }
+  if (database_->InTransaction()) database_->Run("ROLLBACK");
+  transaction_ = false;
+  attachments_.Release();
+}
+
+void Session::BeforeRowWrite() {
+  if (transaction_ || batch_ || !database_->IsScratch()) return;
+  database_->Run("BEGIN");
+  batch_ = true;
+}
+
+void Session::EndBatch() {
+  if (!batch_) return;
+  if (database_->InTransaction()) {
+    database_->Run("COMMIT");
+    batch_ = false;
+    return;
+  }
+  batch_ = false;
+  throw RuntimeError(velmar::kEngineFailure,
+                     "Se han perdido los últimos cambios en el fichero de trabajo " + database_->Path() +
+                         " por un error anterior del disco.",
+                     kSource);
+}
+
+Translation Session::Translate(std::string_view text, bool* others) {
+  bool named = false;
+  const auto aliases = [&](const std::string& path, const std::string& password) {
+    const std::string alias = attachments_.AliasFor(path, password);
+    named = named || alias != "main";
+    return alias;
+  };
+  Translation translation = velmar::jet::Translate(text, nullptr, aliases);
+  if (velmar::jet::NeedsNameMap(text)) {
+    velmar::jet::NameMap names;
+    attachments_.AddNames(names);
+    translation = velmar::jet::Translate(text, &names, aliases);
+  }
+  if (others != nullptr) *others = named;
+  return translation;
+}
+
+std::unique_ptr<Cursor> Session::Execute(std::string_view text, long* affected) {
+  EndBatch();
+  const Attachments::Scope scope(attachments_);
+  const Translation translation = Translate(text);
+  std::int64_t rows = 0;
+  std::unique_ptr<Cursor> cursor;
+  switch (translation.kind) {
+    case StatementKind::kSelect:
+      cursor = std::make_unique<StoredCursor>(shared_from_this(), translation);
+      rows = cursor->RecordCount();
+      break;
+    case StatementKind::kSelectInto:
+    case StatementKind::kInsertSelect:
+      rows = RowCopy(*database_, translation).Run();
+      break;
+    case StatementKind::kCreateTable:
+      RefuseExistingTable(*database_, *translation.target);
+      [[fallthrough]];
+    default: {
+      const std::int64_t before = sqlite3_total_changes64(database_->Handle());
+      Statement statement(*database_, translation.sql, &translation);
+      while (statement.Step()) {
+      }
+      if (sqlite3_total_changes64(database_->Handle()) != before)
+        rows = sqlite3_changes64(database_->Handle());
+    }
+  }
+  if (affected != nullptr) *affected = static_cast<long>(rows);
+  return cursor;
+}
+
+std::unique_ptr<Cursor> Session::OpenCursor(std::string_view source, long cursorType, long lockType) {
+  EndBatch();
+  const Attachments::Scope scope(attachments_);
+  const std::string text = SelectOf(source);
+  bool others = false;
+  Translation translation = Translate(text, &others);
+  if (translation.kind != StatementKind::kSelect) {
+    throw RuntimeError(
+        velmar::kInvalidProcedureCall,
+        "Un conjunto de registros sólo se abre con una sentencia SELECT o con el nombre de una tabla.",
+        "ADODB.Recordset");
+  }
+  auto table = others ? std::nullopt : KeyedTable::Of(*this, text, translation);
+  std::unique_ptr<Cursor> cursor;
+  if (cursorType == kOpenForwardOnly) {
+    cursor = std::make_unique<ForwardCursor>(shared_from_this(), std::move(translation));
+  } else if (cursorType != kOpenStatic && table) {
+    cursor =
+        std::make_unique<KeysetCursor>(shared_from_this(), translation, *table, lockType != kLockReadOnly);
+  } else if (others) {
+    cursor = std::make_unique<StoredCursor>(shared_from_this(), translation);
+  } else {
+    cursor = std::make_unique<StaticCursor>(shared_from_this(), std::move(translation));
+  }
+  if (table && lockType != kLockReadOnly) cursor->Table(table->table);
+  return cursor;
+}
+
+}  // namespace ADODB

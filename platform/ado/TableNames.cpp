@@ -1,0 +1,66 @@
+#include "platform/ado/TableNames.h"
+
+#include <strings.h>
+
+#include "platform/ado/Database.h"
+#include "platform/ado/Statement.h"
+#include "platform/jet/NameMap.h"
+#include "platform/jet/Translation.h"
+#include "platform/text/Case.h"
+
+namespace ADODB {
+
+bool IsSystemTable(std::string_view name) noexcept {
+  return name.size() == kSystemTable.size() &&
+         ::strncasecmp(name.data(), kSystemTable.data(), kSystemTable.size()) == 0;
+}
+
+bool SameName(std::string_view a, std::string_view b) {
+  return a == b || velmar::text::FoldCase(a) == velmar::text::FoldCase(b);
+}
+
+std::vector<std::string> TableNames(Database& database, const std::string& alias) {
+  std::vector<std::string> names;
+  Statement list(database,
+                 "SELECT name FROM " + velmar::jet::QuoteIdentifier(alias) +
+                     ".sqlite_master WHERE type IN ('table', 'view') AND name NOT LIKE 'sqlite\\_%' ESCAPE "
+                     "'\\'");
+  while (list.Step()) {
+    if (!IsSystemTable(list.Text(0))) names.emplace_back(list.Text(0));
+  }
+  return names;
+}
+
+std::optional<std::string> FindTable(Database& database, const std::string& alias, std::string_view name) {
+  const std::vector<std::string> names = TableNames(database, alias);
+  const auto found = FindName(names, name);
+  return found ? std::optional<std::string>(names[*found]) : std::nullopt;
+}
+
+std::vector<std::string> ColumnNames(Database& database, const std::string& alias, const std::string& table) {
+  std::vector<std::string> names;
+  Statement list(database, "SELECT name FROM pragma_table_info(?1, ?2) ORDER BY cid");
+  list.Bind(1, table);
+  list.Bind(2, alias);
+  while (list.Step()) names.emplace_back(list.Text(0));
+  return names;
+}
+
+std::optional<std::size_t> FindName(const std::vector<std::string>& names, std::string_view name) {
+  const std::string folded = velmar::text::FoldCase(name);
+  std::optional<std::size_t> found;
+  for (std::size_t index = 0; index < names.size(); ++index) {
+    if (names[index] == name) return index;
+    if (!found && velmar::text::FoldCase(names[index]) == folded) found = index;
+  }
+  return found;
+}
+
+void AddNames(Database& database, const std::string& alias, velmar::jet::NameMap& names) {
+  for (const std::string& table : TableNames(database, alias)) {
+    names.Add(table);
+    for (const std::string& column : ColumnNames(database, alias, table)) names.Add(column);
+  }
+}
+
+}  // namespace ADODB

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmar::jet {
+class NameMap;
+}
+
+namespace ADODB {
+
+class Database;
+
+/// The table that holds a file's password. No statement can name it.
+inline constexpr std::string_view kSystemTable = "MSysVelmar";
+
+bool IsSystemTable(std::string_view name) noexcept;
+
+/// Regardless of case, accented letters included, where the engine itself folds ASCII only.
+bool SameName(std::string_view a, std::string_view b);
+
+/// Names of the tables and views of an attached file, without the engine's and the system's own.
+std::vector<std::string> TableNames(Database& database, const std::string& alias);
+
+/// The stored spelling of a table's name; nothing if there is no such table.
+std::optional<std::string> FindTable(Database& database, const std::string& alias, std::string_view name);
+
+/// In the order of the table.
+std::vector<std::string> ColumnNames(Database& database, const std::string& alias, const std::string& table);
+
+/// The position of a name in a list of names.
+std::optional<std::size_t> FindName(const std::vector<std::string>& names, std::string_view name);
+
+/// Adds the names of all tables and their columns.
+void AddNames(Database& database, const std::string& alias, velmar::jet::NameMap& names);
+
+}  // namespace ADODB
