@@ -1,0 +1,45 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/com/Guid.h"
+
+namespace velmar::com {
+
+/// Where classes are published beyond this process: a text file with one class a line, its name, its
+/// identifier and the full path of the library that makes it, separated by tabs. Rewritten as a whole, so
+/// that a reader never sees half of it.
+class ClassFile {
+ public:
+  struct Entry {
+    std::string progId;
+    Guid classId;
+    std::string library;
+  };
+
+  explicit ClassFile(std::string path);
+  /// The user's own: velmar/clases.tsv below $XDG_DATA_HOME, or else ~/.local/share.
+  static ClassFile OfUser();
+
+  const std::string& Path() const noexcept { return path_; }
+  /// Empty if there is no such file. Raises kDeviceIoError for a file that cannot be read or is not one.
+  std::vector<Entry> Entries() const;
+  std::optional<Entry> Find(std::string_view progId) const;
+  std::optional<Entry> Find(const Guid& classId) const;
+
+  /// Publishes the class, in place of one with the same name or identifier. Makes the file and its folder.
+  /// Raises kPermissionDenied if they cannot be written.
+  void Publish(const Entry& entry) const;
+  /// Takes the class out; nothing if it is not there.
+  void Withdraw(const Guid& classId) const;
+
+ private:
+  void Write(const std::vector<Entry>& entries) const;
+
+  std::string path_;
+};
+
+}  // namespace velmar::com

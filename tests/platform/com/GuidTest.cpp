@@ -1,0 +1,30 @@
+#include "platform/com/Guid.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/error/RuntimeError.h"
+
+namespace velmar::com {
+namespace {
+
+TEST(Guid, ReadAndWrittenItIsTheSame) {
+  const std::string text = "{0F1E2D3C-4B5A-6978-8796-A5B4C3D2E1F0}";
+  const Guid guid = Guid::FromText(text);
+  EXPECT_EQ(guid.data1, 0x0F1E2D3CU);
+  EXPECT_EQ(guid.data3, 0x6978U);
+  EXPECT_EQ(guid.data4[0], 0x87U);
+  EXPECT_EQ(guid.data4[7], 0xF0U);
+  EXPECT_EQ(guid.ToText(), text);
+  EXPECT_EQ(Guid::FromText("0f1e2d3c-4b5a-6978-8796-a5b4c3d2e1f0"), guid);
+}
+
+TEST(Guid, RefusesAnythingElse) {
+  for (const char* bad : {"", "{}", "{0F1E2D3C-4B5A-6978-8796-A5B4C3D2E1F}",
+                          "0F1E2D3C4B5A69788796A5B4C3D2E1F0", "{0F1E2D3C-4B5A-6978-8796-A5B4C3D2E1FG}",
+                          "{0F1E2D3C-4B5A-6978-8796-A5B4C3D2E1F0", "0F1E2D3C-4B5A-6978-8796-A5B4C3D2-1F0"}) {
+    EXPECT_THROW(Guid::FromText(bad), RuntimeError) << bad;
+  }
+}
+
+}  // namespace
+}  // namespace velmar::com

@@ -1,0 +1,38 @@
+#include "platform/controls/ComboBox.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/controls/Failure.h"
+#include "platform/error/ErrorNumber.h"
+
+namespace velmar::controls {
+namespace {
+
+TEST(ComboBox, ShowsTheChosenItemOnly) {
+  ComboBox combo("cboExportar");
+  int clicks = 0;
+  combo.Click = [&] { ++clicks; };
+  combo.AddItem("(COL) Colaboradores");
+  combo.ItemData(combo.NewIndex(), 4);
+  combo.AddItem("(REC) Recibos");
+  EXPECT_EQ(combo.Text(), "");
+  EXPECT_EQ(combo.ListIndex(), -1);
+
+  EXPECT_TRUE(combo.UserChoose(0));
+  EXPECT_TRUE(combo.UserChoose(0));
+  EXPECT_EQ(clicks, 2) << "the user's choice counts even if it is the same";
+  EXPECT_EQ(combo.Text(), "(COL) Colaboradores");
+  EXPECT_EQ(combo.ItemData(combo.ListIndex()), 4);
+
+  combo.Text("(rec) recibos");
+  EXPECT_EQ(combo.ListIndex(), 1);
+  EXPECT_EQ(FailureOf([&] { combo.Text("(REM) Remesas"); }), kInvalidPropertyValue);
+  EXPECT_EQ(combo.ListIndex(), 1);
+  combo.Text("");
+  EXPECT_EQ(combo.ListIndex(), -1);
+  combo.Visible(false);
+  EXPECT_FALSE(combo.UserChoose(1));
+}
+
+}  // namespace
+}  // namespace velmar::controls

@@ -1,0 +1,40 @@
+#include "platform/controls/ControlArray.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Failure.h"
+
+namespace velmar::controls {
+namespace {
+
+TEST(ControlArray, OneHandlerServesAllAndLaterElements) {
+  ControlArray<CommandButton> buttons("cmdOrden");
+  buttons.Load(0, "quitar");
+  std::string pressed;
+  buttons.Wire([&](CommandButton& button, int index) {
+    button.Click = [&pressed, index] { pressed += std::to_string(index); };
+  });
+  buttons.Load(2);
+  buttons(2).UserClick();
+  buttons(0).UserClick();
+  EXPECT_EQ(pressed, "20");
+  EXPECT_EQ(buttons(0).Caption(), "quitar");
+  EXPECT_EQ(buttons.Count(), 2);
+  EXPECT_EQ(buttons.LBound(), 0);
+  EXPECT_EQ(buttons.UBound(), 2);
+}
+
+TEST(ControlArray, RefusesElementsThatAreOrAreNotThere) {
+  ControlArray<CommandButton> buttons("cmd");
+  EXPECT_EQ(buttons.UBound(), -1);
+  buttons.Load(0);
+  EXPECT_EQ(FailureOf([&] { buttons(1); }), kSubscriptOutOfRange);
+  EXPECT_EQ(FailureOf([&] { buttons.Load(0); }), kKeyAlreadyInUse);
+  EXPECT_EQ(FailureOf([&] { buttons.Load(-1); }), kSubscriptOutOfRange);
+  buttons.Unload(0);
+  EXPECT_EQ(FailureOf([&] { buttons.Unload(0); }), kSubscriptOutOfRange);
+}
+
+}  // namespace
+}  // namespace velmar::controls

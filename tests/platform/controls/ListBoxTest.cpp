@@ -1,0 +1,123 @@
+#include "platform/controls/ListBox.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/controls/Failure.h"
+#include "platform/error/ErrorNumber.h"
+
+namespace velmar::controls {
+namespace {
+
+class ListBoxTest : public testing::Test {
+ protected:
+  ListBoxTest() {
+    for (const char* text : {"a", "b", "c", "d"}) list.AddItem(text);
+    list.Click = [this] { events += "C"; };
+    list.DblClick = [this] { events += "D"; };
+  }
+
+  std::string Marked() const {
+    std::string marked;
+    for (long i = 0; i < list.ListCount(); ++i) {
+      if (list.Selected(i)) marked += list.List(i);
+    }
+    return marked;
+  }
+
+  ListBox list{"lst"};
+  std::string events;
+};
+
+TEST_F(ListBoxTest, SingleSelectionHoldsOneItem) {
+  list.Selected(1, true);
+  list.Selected(3, true);
+  EXPECT_EQ(Marked(), "d");
+  EXPECT_EQ(list.SelCount(), 1);
+  EXPECT_EQ(list.ListIndex(), 3);
+  list.Selected(3, false);
+  EXPECT_EQ(list.SelCount(), 0);
+  EXPECT_EQ(list.ListIndex(), -1);
+}
+
+TEST_F(ListBoxTest, ExtendedSelectionCountsAndMovesWithTheItems) {
+  list.MultiSelect(2);
+  list.Selected(0, true);
+  list.Selected(2, true);
+  list.Selected(2, true);
+  EXPECT_EQ(list.SelCount(), 2);
+  list.AddItem("x", 0);
+  EXPECT_EQ(Marked(), "ac");
+  list.RemoveItem(1);
+  EXPECT_EQ(Marked(), "c");
+  EXPECT_EQ(list.SelCount(), 1);
+  list.Clear();
+  EXPECT_EQ(list.SelCount(), 0);
+  EXPECT_EQ(events, "") << "what the program selects is no click";
+}
+
+TEST_F(ListBoxTest, RemovingEverySelectedItemFromTheTopLeavesTheOthers) {
+  list.MultiSelect(2);
+  EXPECT_TRUE(list.UserSelectItems({0, 1, 3}, 3));
+  for (long i = 0; i < list.ListCount();) {
+    if (!list.Selected(i)) {
+      ++i;
+      continue;
+    }
+    list.RemoveItem(i);
+    i = 0;
+  }
+  EXPECT_EQ(list.ListCount(), 1);
+  EXPECT_EQ(list.List(0), "c");
+  EXPECT_EQ(list.SelCount(), 0);
+}
+
+TEST_F(ListBoxTest, TheUserSelectsOneOrARange) {
+  EXPECT_TRUE(list.UserClick(1));
+  EXPECT_TRUE(list.UserClick(1));
+  EXPECT_EQ(events, "CC");
+  list.MultiSelect(2);
+  EXPECT_EQ(Marked(), "");
+  EXPECT_TRUE(list.UserSelect(3, 1));
+  EXPECT_EQ(Marked(), "bcd");
+  EXPECT_EQ(list.ListIndex(), 1);
+  EXPECT_TRUE(list.UserClick(0));
+  EXPECT_EQ(Marked(), "a");
+  EXPECT_FALSE(list.UserClick(4));
+}
+
+TEST_F(ListBoxTest, ADoubleClickSelectsFirst) {
+  EXPECT_TRUE(list.UserDoubleClick(2));
+  EXPECT_EQ(events, "CD");
+  EXPECT_EQ(list.Text(), "c");
+  events.clear();
+  list.ListIndex(-1);
+  EXPECT_TRUE(list.UserDoubleClick(-1));
+  EXPECT_EQ(events, "D") << "beside the items nothing is selected";
+  EXPECT_EQ(list.ListIndex(), -1);
+}
+
+TEST_F(ListBoxTest, DisabledItTakesNothingFromTheUser) {
+  list.Enabled(false);
+  EXPECT_FALSE(list.UserClick(0));
+  EXPECT_FALSE(list.UserDoubleClick(0));
+  EXPECT_FALSE(list.UserDoubleClick(-1));
+  EXPECT_EQ(events, "");
+  list.ListIndex(0);
+  EXPECT_EQ(list.Text(), "a") << "the program goes on";
+}
+
+TEST_F(ListBoxTest, ScrollsWithinItsItems) {
+  list.TopIndex(3);
+  list.RemoveItem(0);
+  list.RemoveItem(0);
+  EXPECT_LT(list.TopIndex(), list.ListCount());
+  EXPECT_EQ(FailureOf([&] { list.TopIndex(2); }), kInvalidPropertyValue);
+  list.Clear();
+  list.TopIndex(0);
+  EXPECT_EQ(list.TopIndex(), 0);
+  EXPECT_EQ(FailureOf([&] { list.MultiSelect(1); }), kInvalidPropertyValue);
+}
+
+}  // namespace
+}  // namespace velmar::controls

@@ -1,0 +1,33 @@
+#include "platform/controls/ProgressBar.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/controls/Failure.h"
+#include "platform/error/ErrorNumber.h"
+
+namespace velmar::controls {
+namespace {
+
+TEST(ProgressBar, KeepsTheValueInItsRange) {
+  ProgressBar bar("prg");
+  bar.Max(3);
+  for (long i = 1; i <= 3; ++i) bar.Value(bar.Value() + 1);
+  EXPECT_EQ(FailureOf([&] { bar.Value(4); }), kInvalidPropertyValue);
+  EXPECT_EQ(FailureOf([&] { bar.Value(-1); }), kInvalidPropertyValue);
+  EXPECT_EQ(FailureOf([&] { bar.Max(-1); }), kInvalidPropertyValue);
+  EXPECT_EQ(bar.Value(), 3);
+  bar.Max(2);
+  EXPECT_EQ(bar.Value(), 2);
+}
+
+TEST(ProgressBar, ATaskOfNoStepsIsNoFailure) {
+  ProgressBar bar("prgPlantilla");
+  bar.Min(0);
+  bar.Value(0);
+  bar.Max(0);
+  bar.Value(bar.Max());
+  EXPECT_EQ(bar.Value(), 0);
+}
+
+}  // namespace
+}  // namespace velmar::controls

@@ -1,0 +1,107 @@
+#include "platform/controls/TextBox.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Failure.h"
+#include "platform/controls/FocusScope.h"
+#include "platform/error/ErrorNumber.h"
+
+namespace velmar::controls {
+namespace {
+
+TEST(TextBox, TheCaretOutlivesTheFocusAndCountsCharacters) {
+  FocusScope scope;
+  TextBox box("txtFiltro");
+  CommandButton button("cmd");
+  scope.Add(box);
+  scope.Add(button);
+  box.MultiLine(true);
+  box.UserType("{Año} > `€´");
+  EXPECT_EQ(box.SelStart(), 11);
+  box.UserSetCaret(9, 1);
+  EXPECT_EQ(box.SelText(), "€");
+  button.UserClick();
+  EXPECT_FALSE(box.HasFocus());
+  EXPECT_EQ(box.SelStart(), 9);
+  EXPECT_EQ(box.SelLength(), 1);
+}
+
+TEST(TextBox, ATextOfTheProgramMovesTheCaretToTheStart) {
+  TextBox box("txt");
+  int changes = 0;
+  box.Change = [&] { ++changes; };
+  box.Text("señal");
+  box.SelStart(99);
+  EXPECT_EQ(box.SelStart(), 5);
+  box.SelStart(1);
+  box.SelLength(99);
+  EXPECT_EQ(box.SelText(), "eñal");
+  box.SelStart(2);
+  EXPECT_EQ(box.SelLength(), 0);
+  box.Text("otro");
+  EXPECT_EQ(box.SelStart(), 0);
+  box.Text("otro");
+  EXPECT_EQ(changes, 2);
+  EXPECT_EQ(FailureOf([&] { box.SelStart(-1); }), kInvalidPropertyValue);
+  EXPECT_EQ(FailureOf([&] { box.SelLength(-1); }), kInvalidPropertyValue);
+}
+
+TEST(TextBox, TypingReplacesTheSelectionAndKeysCanBeDropped) {
+  TextBox box("txt");
+  box.MultiLine(true);
+  box.Text("un valor1 más");
+  box.UserSetCaret(3, 6);
+  box.KeyPress = [](int& key) {
+    if (key == 13) key = 0;
+    if (key == 'q') key = U'ñ';
+  };
+  box.UserType("aq\ro");
+  EXPECT_EQ(box.Text(), "un año más");
+  EXPECT_EQ(box.SelStart(), 6);
+  box.KeyPress = nullptr;
+  box.UserType("\r");
+  EXPECT_EQ(box.Text(), "un año\r\n más");
+  box.UserBackspace();
+  EXPECT_EQ(box.Text(), "un año más") << "a line end goes with one key";
+  box.UserBackspace();
+  EXPECT_EQ(box.Text(), "un añ más");
+  box.UserPaste("o\r\ny");
+  EXPECT_EQ(box.Text(), "un año\r\ny más") << "a pasted line end stays";
+}
+
+TEST(TextBox, OneLineTakesNoLineEnds) {
+  TextBox box("txt");
+  box.UserType("a\rb");
+  box.UserPaste("c\nd");
+  EXPECT_EQ(box.Text(), "abc");
+}
+
+TEST(TextBox, HoldsNoMoreThanMaxLength) {
+  TextBox box("txtPlantilla");
+  box.MaxLength(5);
+  box.Text("ñññññññ");
+  EXPECT_EQ(box.Text(), "ñññññ");
+  box.UserSetCaret(0, 2);
+  box.UserPaste("abcdef");
+  EXPECT_EQ(box.Text(), "abñññ");
+  box.UserType("x");
+  EXPECT_EQ(box.Text(), "abñññ");
+  box.UserEdit("123456", 6, 0);
+  EXPECT_EQ(box.Text(), "12345");
+  EXPECT_EQ(box.SelStart(), 5);
+}
+
+TEST(TextBox, DisabledItTakesNoKeys) {
+  TextBox box("txt");
+  box.Enabled(false);
+  EXPECT_FALSE(box.UserType("a"));
+  EXPECT_FALSE(box.UserPaste("a"));
+  EXPECT_FALSE(box.UserBackspace());
+  EXPECT_FALSE(box.UserSetCaret(0));
+  EXPECT_FALSE(box.UserEdit("a", 0, 0));
+  EXPECT_EQ(box.Text(), "");
+}
+
+}  // namespace
+}  // namespace velmar::controls
