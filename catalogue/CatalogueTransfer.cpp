@@ -1,0 +1,61 @@
+#include "catalogue/CatalogueTransfer.h"
+
+#include <memory>
+#include <string>
+
+#include "platform/ado/Connection.h"
+#include "platform/ado/Recordset.h"
+#include "platform/error/ErrObject.h"
+
+namespace velmar {
+
+namespace {
+
+/// Where a database lies and what opens it, as the qualifier of a table in another database.
+struct Place {
+  std::string dataSource;
+  std::string password;
+
+  std::string Table(const std::string& table) const {
+    return "[" + dataSource + ";pwd=" + password + "].[" + table + "]";
+  }
+};
+
+void ReadPlace(ErrObject& err, ADODB::Connection& connection, Place& place) {
+  err.Try([&] { place.dataSource = connection.Properties("Data Source").Value(); });
+  err.Try([&] { place.password = connection.Properties("Jet OLEDB:Database Password").Value(); });
+}
+
+}  // namespace
+
+void ActualizarCatalogo(ADODB::Connection& conGestion, ADODB::Connection& coninformes,
+                        const std::function<void()>& doEvents) {
+  ErrObject Err;
+  const auto turn = [&] {
+    if (doEvents) Err.Try(doEvents);
+  };
+
+  std::shared_ptr<ADODB::Recordset> probe;
+  Err.Try([&] { probe = conGestion.Execute("SELECT IDTabla FROM ExportacionCampos"); });
+  turn();
+  if (Err.Number() == 0) return;
+  Err.Clear();
+
+  Err.Try([&] { conGestion.BeginTrans(); });
+  Place management;
+  Place reports;
+  ReadPlace(Err, conGestion, management);
+  ReadPlace(Err, coninformes, reports);
+  const auto copy = [&](const std::string& table, const std::string& source) {
+    const std::string sql = "SELECT * INTO " + management.Table(table) + " FROM " + reports.Table(source);
+    Err.Try([&] { coninformes.Execute(sql); });
+    turn();
+  };
+  copy("ExportacionCampos", "ExportacionCamposTEMP");
+  copy("ExportacionPlantillas", "ExportacionPlantillasTEMP");
+  Err.Try([&] { conGestion.CommitTrans(); });
+  Err.Try([&] { conGestion.Execute("DELETE FROM ExportacionPlantillas"); });
+  turn();
+}
+
+}  // namespace velmar
