@@ -1,0 +1,38 @@
+#include "sample/SampleFiles.h"
+
+#include <filesystem>
+
+#include "platform/ado/ConnectionText.h"
+
+namespace velmar::sample {
+namespace {
+
+ADODB::ConnectionText TextFor(const std::string& path) {
+  ADODB::ConnectionText text;
+  text.Set("Provider", "Microsoft.Jet.OLEDB.4.0").Set(ADODB::kDataSourceKey, path);
+  return text;
+}
+
+}  // namespace
+
+std::string PathIn(std::string_view folder, std::string_view file) {
+  return (std::filesystem::path(folder) / file).string();
+}
+
+std::string ConnectionTextOf(const std::string& path, const std::string& password) {
+  ADODB::ConnectionText text = TextFor(path);
+  if (!password.empty()) text.Set(ADODB::kPasswordKey, password);
+  return text.Text();
+}
+
+std::string ScratchConnectionTextOf(const std::string& path) {
+  return TextFor(path).Set(ADODB::kScratchKey, "True").Text();
+}
+
+std::shared_ptr<ADODB::Connection> OpenDatabase(const std::string& path, const std::string& password) {
+  auto connection = std::make_shared<ADODB::Connection>();
+  connection->Open(ConnectionTextOf(path, password));
+  return connection;
+}
+
+}  // namespace velmar::sample

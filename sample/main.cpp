@@ -1,0 +1,10 @@
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "sample/CommandLine.h"
+
+int main(int count, char** words) {
+  return velmar::sample::CommandLine(std::cout, std::cerr)
+      .Run(std::vector<std::string>(words + 1, words + count));
+}
