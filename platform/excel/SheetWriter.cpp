@@ -26,7 +26,7 @@ SheetWriter::SheetWriter(std::unique_ptr<WorkbookStore> store, std::size_t colum
       strings_(store_->State().strings, store_->StringTail()) {
   const WorkbookState& state = store_->State();
   rows_.Bytes(store_->SheetTail());
-  row_ = state.rows;
+  row_ = state.sheetRows.back();
   if (row_ > 0) return;
   // The statement begins where the sheet before ends, and ends it once more.
   if (state.sheets.size() > 1) SheetRecords::WriteEnd(rows_, state.sheets.size() == 2);

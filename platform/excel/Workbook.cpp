@@ -40,8 +40,7 @@ std::unique_ptr<SheetWriter> Workbook::CreateSheet(std::string_view sheet,
 std::unique_ptr<SheetWriter> Workbook::AppendTo(std::string_view sheet, std::size_t columnCount) {
   auto store = std::make_unique<WorkbookStore>(path_, layer_, WorkbookStore::Purpose::kWrite);
   const std::size_t count = store->State().sheets.size();
-  const std::size_t index = Find(store->State(), sheet);
-  if (index == count) throw WorkbookErrors::NoSheet(path_, sheet);
+  const std::size_t index = Require(store->State(), sheet);
   if (index + 1 < count) throw WorkbookErrors::NotTheLastSheet(path_, sheet, store->LastSheet());
   if (columnCount == 0 || columnCount > store->LastColumnCount())
     throw WorkbookErrors::ColumnCount(path_, sheet, columnCount, store->LastColumnCount());
@@ -57,9 +56,18 @@ std::vector<std::string> Workbook::SheetNames() const {
 
 std::vector<std::string> Workbook::ColumnNames(std::string_view sheet) const {
   const WorkbookStore store(path_, layer_, WorkbookStore::Purpose::kRead);
-  const std::size_t index = Find(store.State(), sheet);
-  if (index == store.State().sheets.size()) throw WorkbookErrors::NoSheet(path_, sheet);
-  return store.State().Columns(index);
+  return store.State().Columns(Require(store.State(), sheet));
+}
+
+std::size_t Workbook::RowCount(std::string_view sheet) const {
+  const WorkbookStore store(path_, layer_, WorkbookStore::Purpose::kRead);
+  return store.State().sheetRows[Require(store.State(), sheet)] - 1;
+}
+
+std::size_t Workbook::Require(const WorkbookState& state, std::string_view sheet) const {
+  const std::size_t index = Find(state, sheet);
+  if (index == state.sheets.size()) throw WorkbookErrors::NoSheet(path_, sheet);
+  return index;
 }
 
 }  // namespace velmar::excel

@@ -11,6 +11,8 @@
 
 namespace velmar::excel {
 
+struct WorkbookState;
+
 /// An "Excel 8.0" workbook under a path, written one statement at a time. Between statements nothing is kept
 /// open and nothing is remembered: each call looks at the file as it is then.
 ///
@@ -39,9 +41,14 @@ class Workbook {
   /// The header row of the sheet (its name regardless of case).
   std::vector<std::string> ColumnNames(std::string_view sheet) const;
 
+  /// The rows of the sheet below its header row (its name regardless of case).
+  std::size_t RowCount(std::string_view sheet) const;
+
   const std::string& Path() const { return path_; }
 
  private:
+  std::size_t Require(const WorkbookState& state, std::string_view sheet) const;
+
   std::string path_;
   FileLayer& layer_;
 };

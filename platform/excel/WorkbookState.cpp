@@ -56,8 +56,8 @@ StreamArea ReadArea(ByteReader& in) {
 void WriteFixed(ByteWriter& out, const WorkbookState& state) {
   for (const char c : kMark) out.U8(static_cast<std::uint8_t>(c));
   out.U64(state.digest);
-  for (const std::uint32_t value : {state.sectorCount, state.headStart, state.headSectors, state.textCells,
-                                    state.strings, state.fillers, state.rows})
+  for (const std::uint32_t value :
+       {state.sectorCount, state.headStart, state.headSectors, state.textCells, state.strings, state.fillers})
     out.U32(value);
   WriteArea(out, state.stringArea);
   WriteArea(out, state.sheetArea);
@@ -71,6 +71,7 @@ void WriteFixed(ByteWriter& out, const WorkbookState& state) {
     WriteText(out, state.sheets[i].name);
     out.U32(state.sheets[i].offset);
     out.U32(state.sheetColumns[i]);
+    out.U32(state.sheetRows[i]);
   }
 }
 
@@ -104,7 +105,7 @@ WorkbookState WorkbookState::Decode(std::span<const std::uint8_t> bytes) {
   WorkbookState state;
   state.digest = in.U64();
   for (std::uint32_t* value : {&state.sectorCount, &state.headStart, &state.headSectors, &state.textCells,
-                               &state.strings, &state.fillers, &state.rows})
+                               &state.strings, &state.fillers})
     *value = in.U32();
   state.stringArea = ReadArea(in);
   state.sheetArea = ReadArea(in);
@@ -119,6 +120,7 @@ WorkbookState WorkbookState::Decode(std::span<const std::uint8_t> bytes) {
     state.sheets.push_back(std::move(sheet));
     state.sheetColumns.push_back(in.U32());
     if (state.sheetColumns.back() >= state.columnLists.size()) throw DamagedFile();
+    state.sheetRows.push_back(in.U32());
   }
   if (sheets == 0) throw DamagedFile();
   state.freeSectors.resize(ReadCount(in));

@@ -28,9 +28,9 @@ struct WorkbookState {
   std::vector<WorkbookHead::Sheet> sheets;
   /// For each sheet, which of the lists of columns it has.
   std::vector<std::uint32_t> sheetColumns;
+  /// The rows of each sheet, the header row included; 0 while the statement that makes it is at work.
+  std::vector<std::uint32_t> sheetRows;
   std::vector<std::vector<std::string>> columnLists;
-  /// Of the last sheet, the header row included; 0 if the statement that makes it is still at work.
-  std::uint32_t rows = 0;
   /// Of the file's header, directory and head.
   std::uint64_t digest = 0;
   /// The most useful ones first.

@@ -115,7 +115,7 @@ void WorkbookStore::AddSheet(std::string_view name, const std::vector<std::strin
   if (list == lists.end()) list = lists.insert(list, columns);
   state_.sheets.push_back({std::string(name), 0});
   state_.sheetColumns.push_back(static_cast<std::uint32_t>(list - lists.begin()));
-  state_.rows = 0;
+  state_.sheetRows.push_back(0);
 }
 
 void WorkbookStore::SetSheetPlace(std::size_t place) {
@@ -183,7 +183,7 @@ void WorkbookStore::AppendSheetRecords(const Statement& statement, SectorMap& ma
 
 ByteWriter WorkbookStore::Plan(const Statement& statement, SectorMap& map, SectorImages& images, File* file) {
   state_.textCells += statement.textCells;
-  state_.rows = statement.rows;
+  state_.sheetRows.back() = statement.rows;
   AppendStrings(statement, map, images);
   AppendSheetRecords(statement, map, images, file);
 

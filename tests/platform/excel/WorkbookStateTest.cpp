@@ -15,7 +15,7 @@ WorkbookState Sample() {
   state.textCells = 77;
   state.strings = 55;
   state.fillers = 1;
-  state.rows = 12;
+  state.sheetRows = {64'001, 12};
   state.digest = 0x123456789ABCDEF0;
   state.stringArea = {4, 1999, 42, {{0, 20}, {2, 25}, {3, 26}}};
   state.sheetArea = {9, 4444, 43, {{0, 40}, {8, 48}}};

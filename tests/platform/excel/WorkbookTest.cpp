@@ -123,12 +123,15 @@ TEST_F(WorkbookTest, MixesStatementsOfAllSizes) {
 TEST_F(WorkbookTest, TellsSheetsAndColumns) {
   ExpectRefused(kFileNotFound, [&] { book_.SheetNames(); });
   ExpectRefused(kFileNotFound, [&] { book_.AppendTo("Hoja1", 1); });
-  model_.Create(book_, "Hoja1", {"Código", "Nombre"});
+  model_.Create(book_, "Hoja1", {"Código", "Nombre"}, {{1.0, "Ana"}, {2.0, "Eva"}});
   model_.Create(book_, "Años", {"Año"});
   EXPECT_THAT(book_.SheetNames(), testing::ElementsAre("Hoja1", "Años"));
   EXPECT_THAT(book_.ColumnNames("HOJA1"), testing::ElementsAre("Código", "Nombre"));
   EXPECT_THAT(book_.ColumnNames("años"), testing::ElementsAre("Año"));
+  EXPECT_EQ(book_.RowCount("hoja1"), 2u);
+  EXPECT_EQ(book_.RowCount("AÑOS"), 0u);
   ExpectRefused(kUnknownTable, [&] { book_.ColumnNames("Hoja2"); });
+  ExpectRefused(kUnknownTable, [&] { book_.RowCount("Hoja2"); });
   ExpectReads(model_);
 }
 
