@@ -55,6 +55,7 @@ double Multiply(double a, double b) {
 double RoundTo(double number, int decimals, Half half) {
   constexpr double kWithoutFraction = 1e15;
   if (!(std::fabs(number) < kWithoutFraction)) return number;
+  if (decimals >= 0 && std::trunc(number) == number) return number;
   // The shortest decimal form tells whether the number is a half on paper: 2.675 is, though its double is
   // not.
   std::array<char, 64> buffer{};
