@@ -1,0 +1,168 @@
+// A host that knows the component by its library alone: this program links nothing of the wizard.
+
+#include <dlfcn.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "host/Principal.h"
+#include "host/interfaces/TestDatabases.h"
+#include "platform/com/ClassFactory.h"
+#include "platform/com/ClassFile.h"
+#include "platform/com/CreateObject.h"
+#include "platform/com/ObjectUnknown.h"
+#include "platform/error/RuntimeError.h"
+#include "platform/toolkit/Form.h"
+#include "wizard/WizardOffice.h"
+
+namespace velmar {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+class TestSite : public ComponentSite {
+ public:
+  explicit TestSite(toolkit::Toolkit& toolkit) : toolkit_(toolkit) {}
+  toolkit::Toolkit& Surroundings() override { return toolkit_; }
+
+ private:
+  toolkit::Toolkit& toolkit_;
+};
+
+class Component : public ::testing::Test {
+ protected:
+  using Plain = com::HResult (*)();
+  using GetClassObject = com::HResult (*)(const com::Guid*, const com::Guid*, void**);
+
+  Component() : library_(dlopen(VELMAR_COMPONENT, RTLD_NOW | RTLD_LOCAL)) {
+    if (library_ == nullptr) throw std::runtime_error(dlerror());
+  }
+
+  template <typename Function>
+  Function Entry(const char* name) const {
+    const auto entry = reinterpret_cast<Function>(dlsym(library_, name));
+    EXPECT_NE(entry, nullptr) << name;
+    return entry;
+  }
+
+  /// A cPrincipal, by way of the class factory.
+  std::shared_ptr<Principal> Create() const {
+    void* result = nullptr;
+    EXPECT_EQ(Entry<GetClassObject>("DllGetClassObject")(&kPrincipalClass, &com::ClassFactory::kId, &result),
+              com::kSOk);
+    auto* factory = static_cast<com::ClassFactory*>(result);
+    EXPECT_EQ(factory->CreateInstance(nullptr, com::Unknown::kId, &result), com::kSOk);
+    factory->Release();
+    auto* unknown = static_cast<com::Unknown*>(result);
+    EXPECT_EQ(unknown->QueryInterface(com::ObjectUnknown::kObjectId, &result), com::kSOk);
+    unknown->Release();
+    std::shared_ptr<com::Object> object(static_cast<com::Object*>(result),
+                                        [unknown](com::Object*) { unknown->Release(); });
+    return com::Query<Principal>(object);
+  }
+
+  void* library_;
+};
+
+TEST_F(Component, ExportsTheFourEntryPointsAndNothingElse) {
+  std::FILE* pipe = popen("nm -D --defined-only '" VELMAR_COMPONENT "'", "r");
+  ASSERT_NE(pipe, nullptr);
+  std::vector<std::string> names;
+  std::array<char, 512> line{};
+  while (std::fgets(line.data(), static_cast<int>(line.size()), pipe) != nullptr) {
+    std::istringstream words(line.data());
+    std::string address;
+    std::string kind;
+    std::string name;
+    words >> address >> kind >> name;
+    names.push_back(name);
+  }
+  ASSERT_EQ(pclose(pipe), 0);
+  EXPECT_THAT(
+      names, ElementsAre("DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer", "DllUnregisterServer"));
+}
+
+TEST_F(Component, RunsTheWizardForAHostThatLoadedIt) {
+  testing::WizardOffice office;
+  TestSite site(office.toolkit);
+  const auto canUnload = Entry<Plain>("DllCanUnloadNow");
+  EXPECT_EQ(canUnload(), com::kSOk);
+  {
+    const auto principal = Create();
+    EXPECT_EQ(canUnload(), com::kSFalse);
+    principal->SetSite(&site);
+    for (int call = 0; call < 2; ++call) {
+      office.toolkit.WhenShown("frmExportacion", [](toolkit::Form& form) {
+        EXPECT_EQ(form.Caption(), "Exportación de datos a una hoja de Excel");
+        form.UserClose();
+      });
+      principal->PasarDatos(office.host);
+      EXPECT_THAT(office.log->Take(), Contains("CreateObject"));
+      EXPECT_EQ(office.host->main->State(), ADODB::kStateClosed);
+    }
+    principal->SetSite(nullptr);
+  }
+  EXPECT_EQ(canUnload(), com::kSOk);
+}
+
+TEST_F(Component, FailuresReachTheHostOnItsOwnSide) {
+  testing::WizardOffice office;
+  TestSite site(office.toolkit);
+  const auto principal = Create();
+  try {
+    principal->PasarDatos(office.host);
+    ADD_FAILURE() << "there is no site";
+  } catch (const RuntimeError& failure) {
+    EXPECT_EQ(failure.Number(), kObjectNotSet);
+    EXPECT_THAT(failure.Description(), HasSubstr("SetSite"));
+  }
+  principal->SetSite(&site);
+  office.log->FailAt(5);
+  office.toolkit.WhenShown("frmExportacion", [](toolkit::Form& form) { form.UserClose(); });
+  principal->PasarDatos(office.host);
+  // The number is read from this program's own current error.
+  EXPECT_THAT(office.log->Take(), Contains("VerError Form_Load() frmExportacion VelmarExportacion 7000"));
+  principal->SetSite(nullptr);
+}
+
+TEST_F(Component, RefusesOtherClassesAndInterfaces) {
+  const auto get = Entry<GetClassObject>("DllGetClassObject");
+  void* result = this;
+  const com::Guid other{1, 2, 3, {}};
+  EXPECT_EQ(get(&other, &com::ClassFactory::kId, &result), com::kEClassNotAvailable);
+  EXPECT_EQ(result, nullptr);
+  EXPECT_EQ(get(&kPrincipalClass, &other, &result), com::kENoInterface);
+  EXPECT_EQ(get(nullptr, &com::ClassFactory::kId, &result), com::kEPointer);
+}
+
+TEST_F(Component, RegistersOneClassForTheUserAndTakesItBack) {
+  const auto data =
+      std::filesystem::path(::testing::TempDir()) / ("velmar-clases-" + std::to_string(::getpid()));
+  ::setenv("XDG_DATA_HOME", data.c_str(), 1);
+  EXPECT_EQ(Entry<Plain>("DllRegisterServer")(), com::kSOk);
+  const auto entries = com::ClassFile::OfUser().Entries();
+  ASSERT_EQ(entries.size(), 1U);
+  EXPECT_EQ(entries[0].progId, "VelmarExportacion.cPrincipal");
+  EXPECT_EQ(entries[0].library, std::filesystem::canonical(VELMAR_COMPONENT));
+  EXPECT_NE(com::Query<Principal>(com::CreateObject("velmarexportacion.CPRINCIPAL")), nullptr);
+  EXPECT_EQ(Entry<Plain>("DllUnregisterServer")(), com::kSOk);
+  EXPECT_TRUE(com::ClassFile::OfUser().Entries().empty());
+  std::filesystem::remove_all(data);
+
+  std::ofstream(data) << "in the way of a folder";
+  EXPECT_LT(Entry<Plain>("DllRegisterServer")(), 0);
+  std::filesystem::remove(data);
+  ::unsetenv("XDG_DATA_HOME");
+}
+
+}  // namespace
+}  // namespace velmar

@@ -1,0 +1,22 @@
+#include "wizard/ControlSelection.h"
+
+#include <utility>
+
+#include "wizard/SelectionGrid.h"
+
+namespace velmar::wizard {
+
+Selection ReadSelection(const controls::Grid& msgSeleccionados, const controls::ListBox& lstOrden,
+                        const controls::OptionButton& optCompleta) {
+  Selection selection;
+  for (long row = 1; row < msgSeleccionados.Rows(); ++row) {
+    GridField field = ReadField(msgSeleccionados, row);
+    selection.rows.push_back(
+        {std::move(field.node), std::move(field.literal), std::move(field.filter), field.idCampo});
+  }
+  for (long item = 0; item < lstOrden.ListCount(); ++item) selection.order.push_back(lstOrden.ItemData(item));
+  selection.relation = optCompleta.Value() ? Selection::Relation::kComplete : Selection::Relation::kPartial;
+  return selection;
+}
+
+}  // namespace velmar::wizard

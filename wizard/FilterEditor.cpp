@@ -1,0 +1,124 @@
+#include "wizard/FilterEditor.h"
+
+#include <cstddef>
+
+#include "platform/text/Characters.h"
+#include "query/FilterBalance.h"
+#include "wizard/ExportControls.h"
+#include "wizard/FilterOperators.h"
+#include "wizard/SelectionGrid.h"
+
+namespace velmar::wizard {
+
+namespace {
+
+constexpr int kEnter = 13;
+
+long LengthOf(const controls::TextBox& box) {
+  return static_cast<long>(text::Len(box.Text()));
+}
+
+}  // namespace
+
+FilterEditor::FilterEditor(controls::TextBox& txtFiltro, const controls::ListBox& lstOperadores,
+                           controls::Grid& msgSeleccionados, controls::CommandButton& cmdExportar,
+                           const UserMessages& messages)
+    : txtFiltro_(txtFiltro),
+      lstOperadores_(lstOperadores),
+      msgSeleccionados_(msgSeleccionados),
+      cmdExportar_(cmdExportar),
+      messages_(messages) {}
+
+void FilterEditor::InsertAtCaret(std::string_view piece) {
+  const std::string old = txtFiltro_.Text();
+  const std::size_t caret = text::ByteOffset(old, static_cast<std::size_t>(txtFiltro_.SelStart()) + 1);
+  txtFiltro_.Text(old.substr(0, caret).append(piece).append(old, caret));
+  txtFiltro_.SelStart(LengthOf(txtFiltro_));
+}
+
+void FilterEditor::lstOperadores_DblClick() {
+  // Beside the items of a list with room left, no operator is chosen.
+  if (!HasFieldRow(msgSeleccionados_) || lstOperadores_.ListIndex() < 0) return;
+  InsertAtCaret(OperatorText(lstOperadores_.List(lstOperadores_.ListIndex())));
+}
+
+void FilterEditor::cmdFiltro_Click(int index) {
+  switch (index) {
+    case ExportControls::kFilterClear:
+      txtFiltro_.Text("");
+      return;
+    case ExportControls::kFilterAssign:
+      return Assign();
+    case ExportControls::kFilterRemove:
+      return Remove();
+    default:
+      return;
+  }
+}
+
+void FilterEditor::Assign() {
+  if (!HasFieldRow(msgSeleccionados_)) return;
+  if (txtFiltro_.Text().empty()) {
+    messages_.Warn(AboutField("¡No puede asignar al campo (- ", " -) un filtro vacío!"));
+    return;
+  }
+  if (!ValidarFiltro()) return;
+  if (!messages_.Confirm(
+          AboutField("¿Desea asignar el filtro al campo (- ", " -), seleccionado en la rejilla?"))) {
+    return;
+  }
+  msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), kFilterColumn, txtFiltro_.Text());
+  txtFiltro_.Text("");
+}
+
+void FilterEditor::Remove() {
+  if (!HasFieldRow(msgSeleccionados_)) return;
+  if (msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), kFilterColumn).empty()) return;
+  if (!messages_.Confirm(AboutField("¿Desea eliminar el filtro asignado al campo (- ",
+                                    " -), seleccionado en la rejilla?"))) {
+    return;
+  }
+  msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), kFilterColumn, "");
+  txtFiltro_.Text("");
+}
+
+void FilterEditor::mnuAgregarFiltro_Click() {
+  if (!HasFieldRow(msgSeleccionados_)) return;
+  InsertAtCaret("{" + msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), kLiteralColumn) + "}");
+}
+
+void FilterEditor::mnuEliminarFiltro_Click() {
+  cmdFiltro_Click(ExportControls::kFilterRemove);
+}
+
+void FilterEditor::mnuVerFiltro_Click() {
+  if (!HasFieldRow(msgSeleccionados_)) return;
+  txtFiltro_.Text(msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), kFilterColumn));
+  txtFiltro_.SelStart(LengthOf(txtFiltro_));
+}
+
+void FilterEditor::txtFiltro_GotFocus() {
+  cmdExportar_.Default(false);
+}
+
+void FilterEditor::txtFiltro_LostFocus() {
+  cmdExportar_.Default(true);
+}
+
+void FilterEditor::txtFiltro_KeyPress(int& keyAscii) {
+  if (keyAscii == kEnter) keyAscii = 0;
+}
+
+bool FilterEditor::ValidarFiltro() const {
+  const auto fault = velmar::ValidarFiltro(txtFiltro_.Text());
+  if (fault) messages_.Warn(*fault);
+  return !fault;
+}
+
+std::string FilterEditor::AboutField(std::string_view before, std::string_view behind) const {
+  return std::string(before)
+      .append(msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), kLiteralColumn))
+      .append(behind);
+}
+
+}  // namespace velmar::wizard
