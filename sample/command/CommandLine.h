@@ -1,18 +1,20 @@
 #pragma once
 
+#include <cstddef>
 #include <ostream>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "sample/Arguments.h"
 #include "sample/GeneratorOptions.h"
+#include "sample/command/Arguments.h"
 
 namespace velmar::sample {
 
 /// The commands of velmar_sample: crear makes the sample databases, exportar-sql takes a Jet statement to a
-/// workbook, demo does both below the current folder. What a user reads is Spanish.
+/// workbook, demo makes databases below the current folder and has the wizard export from them. What a user
+/// reads is Spanish.
 class CommandLine {
  public:
   CommandLine(std::ostream& out, std::ostream& err) : out_(out), err_(err) {}
@@ -35,8 +37,7 @@ class CommandLine {
   void ExportSql(const Arguments& arguments);
   void Demo(const Arguments& arguments);
   void Generate(const GeneratorOptions& options);
-  void Export(const std::string& folder, const std::string& password, const std::string& file,
-              const std::string& statement, bool overwrite);
+  void PrintWorkbook(const std::string& file, std::size_t rows, std::size_t sheets);
 
   std::ostream& out_;
   std::ostream& err_;

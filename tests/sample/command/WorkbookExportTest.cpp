@@ -1,4 +1,4 @@
-#include "sample/WorkbookExport.h"
+#include "sample/command/WorkbookExport.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "sample/Arguments.h"
+#include "sample/command/Arguments.h"
 
 #include <algorithm>
 #include <charconv>
 
-#include "sample/UsageError.h"
+#include "sample/command/UsageError.h"
 
 namespace velmar::sample {
 

@@ -1,11 +1,11 @@
-#include "sample/Arguments.h"
+#include "sample/command/Arguments.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <vector>
 
-#include "sample/UsageError.h"
+#include "sample/command/UsageError.h"
 
 namespace velmar::sample {
 namespace {

@@ -2,7 +2,7 @@
 #include <string>
 #include <vector>
 
-#include "sample/CommandLine.h"
+#include "sample/command/CommandLine.h"
 
 int main(int count, char** words) {
   return velmar::sample::CommandLine(std::cout, std::cerr)

@@ -1,4 +1,4 @@
-#include "sample/CommandLine.h"
+#include "sample/command/CommandLine.h"
 
 #include <algorithm>
 #include <array>
@@ -8,10 +8,13 @@
 #include "platform/ado/Recordset.h"
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
+#include "platform/excel/Workbook.h"
+#include "sample/CalendarDate.h"
 #include "sample/DatabaseGenerator.h"
 #include "sample/SampleFiles.h"
-#include "sample/UsageError.h"
-#include "sample/WorkbookExport.h"
+#include "sample/command/UsageError.h"
+#include "sample/command/WizardRun.h"
+#include "sample/command/WorkbookExport.h"
 
 namespace velmar::sample {
 namespace {
@@ -45,6 +48,25 @@ constexpr std::string_view kDefaultStatement =
     "WHERE Colaboradores.Eliminado = 0 AND Recibos.Eliminado = 0 "
     "ORDER BY Colaboradores.Apellido1, Colaboradores.Apellido2, Colaboradores.Nombre, Recibos.IDRecibo, "
     "Cobros.IDCobro";
+
+/// The receipts that were issued last year, collected, pending or not, with whom and what they are for.
+std::vector<WizardRun::Field> DemoSelection() {
+  const std::string collaborators = "(COL) Colaboradores";
+  const std::string receipts = "(REC) Recibos";
+  const std::string year = std::to_string(static_cast<int>(Today().year()) - 1);
+  return {{collaborators, "Código de colaborador", "", false},
+          {collaborators, "Primer apellido", "", true},
+          {collaborators, "Nombre o razón social", "", true},
+          {collaborators, "NIF o CIF", "", false},
+          {collaborators, "Sexo", "", false},
+          {collaborators, "Provincia de residencia", "", false},
+          {receipts, "Fecha de emisión",
+           "{Fecha de emisión} [Entre] `01/01/" + year + "´ [Y] `31/12/" + year + "´", true},
+          {receipts, "Fecha de cobro", "", false},
+          {receipts, "Importe del recibo", "", false},
+          {receipts, "Concepto", "", false},
+          {receipts, "Cuenta bancaria", "", false}};
+}
 
 /// The folder's main database must be there: a missing file is not made.
 std::string MainDatabaseIn(const std::string& folder) {
@@ -89,7 +111,8 @@ std::span<const CommandLine::Command> CommandLine::Commands() {
        kExportOptions, &CommandLine::ExportSql},
       {"demo",
        "demo [--colaboradores N] [--semilla S]\n"
-       "      Crea las bases de datos en la carpeta 'out', si faltan, y hace una exportación.",
+       "      Crea las bases de datos en la carpeta 'out', si faltan, y exporta con el\n"
+       "      asistente, sin ventana, los recibos emitidos el año pasado.",
        kDemoOptions, &CommandLine::Demo},
   }};
   return commands;
@@ -139,10 +162,18 @@ void CommandLine::Create(const Arguments& arguments) {
 }
 
 void CommandLine::ExportSql(const Arguments& arguments) {
-  Export(arguments.Require("--carpeta"), arguments.Find("--clave-gestion").value_or(""),
-         arguments.Require("--fichero"),
-         arguments.Find("--sentencia").value_or(std::string(kDefaultStatement)),
-         arguments.Has("--sobrescribir"));
+  const std::string folder = arguments.Require("--carpeta");
+  const std::string file = arguments.Require("--fichero");
+  const auto main = OpenDatabase(MainDatabaseIn(folder), arguments.Find("--clave-gestion").value_or(""));
+  const WorkbookExport::Result result =
+      WorkbookExport(main, folder)
+          .Run(arguments.Find("--sentencia").value_or(std::string(kDefaultStatement)), file,
+               arguments.Has("--sobrescribir"));
+  if (result.rows == 0) {
+    throw RuntimeError(kNoCurrentRow, "La consulta no da ninguna fila: no se ha creado ningún libro.",
+                       "CommandLine");
+  }
+  PrintWorkbook(file, static_cast<std::size_t>(result.rows), static_cast<std::size_t>(result.sheets));
 }
 
 void CommandLine::Demo(const Arguments& arguments) {
@@ -154,7 +185,16 @@ void CommandLine::Demo(const Arguments& arguments) {
   } else {
     Generate(options);
   }
-  Export(kDemoFolder, "", PathIn(kDemoFolder, kDemoWorkbook), std::string(kDefaultStatement), true);
+  const std::string file = PathIn(kDemoFolder, kDemoWorkbook);
+  SampleHost::Settings settings;
+  settings.folder = kDemoFolder;
+  WizardRun(settings).Export(DemoSelection(), file);
+
+  const excel::Workbook workbook(file);
+  std::size_t rows = 0;
+  const std::vector<std::string> sheets = workbook.SheetNames();
+  for (const std::string& sheet : sheets) rows += workbook.RowCount(sheet);
+  PrintWorkbook(file, rows, sheets.size());
 }
 
 void CommandLine::Generate(const GeneratorOptions& options) {
@@ -171,17 +211,9 @@ void CommandLine::Generate(const GeneratorOptions& options) {
        << PathIn(options.folder, kReportsFile) << '\n';
 }
 
-void CommandLine::Export(const std::string& folder, const std::string& password, const std::string& file,
-                         const std::string& statement, bool overwrite) {
-  const auto main = OpenDatabase(MainDatabaseIn(folder), password);
-  const WorkbookExport::Result result = WorkbookExport(main, folder).Run(statement, file, overwrite);
-  if (result.rows == 0) {
-    throw RuntimeError(kNoCurrentRow, "La consulta no da ninguna fila: no se ha creado ningún libro.",
-                       "CommandLine");
-  }
-  out_ << "Libro exportado: " << file << " (" << result.rows
-       << (result.rows == 1 ? " fila en " : " filas en ") << result.sheets
-       << (result.sheets == 1 ? " hoja)\n" : " hojas)\n");
+void CommandLine::PrintWorkbook(const std::string& file, std::size_t rows, std::size_t sheets) {
+  out_ << "Libro exportado: " << file << " (" << rows << (rows == 1 ? " fila en " : " filas en ") << sheets
+       << (sheets == 1 ? " hoja)\n" : " hojas)\n");
 }
 
 }  // namespace velmar::sample

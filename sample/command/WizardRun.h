@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "sample/host/SampleHost.h"
+
+namespace velmar::toolkit {
+class ScriptedToolkit;
+}
+namespace velmar::wizard {
+class frmExportacion;
+}
+
+namespace velmar::sample {
+
+/// Runs of the wizard without a window: a scripted user picks fields from the catalogue, gives them filters
+/// and a sort order, and presses the export button.
+class WizardRun {
+ public:
+  struct Field {
+    std::string node;     ///< as the node list shows it
+    std::string literal;  ///< as the list of fields shows it
+    std::string filter;   ///< in the filter language; empty: none
+    bool sorted = false;  ///< the export is sorted by it, in the order of the fields
+  };
+
+  explicit WizardRun(SampleHost::Settings settings);
+
+  /// Leaves the workbook under this path; one that stands there is replaced. RuntimeError with the wizard's
+  /// own messages if it does not end with a complete workbook, kItemNotInCollection for a field that it does
+  /// not offer.
+  void Export(const std::vector<Field>& fields, const std::string& file);
+
+ private:
+  void Pick(wizard::frmExportacion& form, toolkit::ScriptedToolkit& user, const Field& field) const;
+
+  SampleHost::Settings settings_;
+};
+
+}  // namespace velmar::sample
