@@ -114,7 +114,7 @@ constexpr auto kReportTables = std::to_array<std::string_view>({
     "LiteralCampoORDERBY MEMO NOT NULL, LiteralCampoWHERE MEMO NOT NULL, IDTabla SHORT NOT NULL, "
     "LiteralTabla TEXT(40) NOT NULL)",
 
-    "CREATE TABLE ExportacionPlantillasTEMP (Nombre TEXT(80) NOT NULL, CodUsuario LONG NOT NULL, "
+    "CREATE TABLE ExportacionPlantillasTEMP (Nombre TEXT(150) NOT NULL, CodUsuario LONG NOT NULL, "
     "LiteralTabla TEXT(40) NOT NULL, IDCampo SHORT NOT NULL, LiteralCampo TEXT(60) NOT NULL, "
     "OrdenCampo SHORT NOT NULL, FiltroCampo MEMO NOT NULL)",
 });
