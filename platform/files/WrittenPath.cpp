@@ -19,6 +19,20 @@ bool Exists(const std::filesystem::path& path) {
   return std::filesystem::exists(path, error);
 }
 
+std::vector<std::string> NamesIn(const std::filesystem::path& folder, std::error_code& error) {
+  std::vector<std::string> names;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    names.push_back(ToText(entry->path().filename()));
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::filesystem::path Readable(const std::filesystem::path& folder) {
+  return folder.empty() ? std::filesystem::path(".") : folder;
+}
+
 bool VisitBelow(const std::filesystem::path& folder, const std::vector<std::string>& parts, std::size_t next,
                 const Visit& visit) {
   if (next == parts.size()) return visit(folder);
@@ -48,26 +62,25 @@ bool WrittenPath::VisitFolders(const Visit& visit) const {
 
 std::vector<std::string> NamesIn(const std::filesystem::path& folder) {
   std::error_code error;
-  const std::filesystem::path real = folder.empty() ? std::filesystem::path(".") : folder;
-  std::vector<std::string> names;
-  for (std::filesystem::directory_iterator entry(real, error), end; !error && entry != end;
-       entry.increment(error)) {
-    names.push_back(ToText(entry->path().filename()));
-  }
+  const std::filesystem::path real = Readable(folder);
+  std::vector<std::string> names = NamesIn(real, error);
   if (error == std::errc::permission_denied) {
     throw RuntimeError(
         kPermissionDenied,
         "No hay permiso para leer la carpeta \"" + ToText(real) + "\". Pida acceso a ella o elija otra.",
         "files");
   }
-  std::sort(names.begin(), names.end());
   return names;
 }
 
 bool VisitSpellings(const std::filesystem::path& folder, const std::string& name, const Visit& visit) {
   const std::filesystem::path written = folder / FromText(name);
-  if (Exists(written) && visit(written)) return true;
-  for (const std::string& other : NamesIn(folder)) {
+  const bool exists = Exists(written);
+  if (exists && visit(written)) return true;
+  // A folder that may be entered but not listed, as those above a home often are, keeps nobody from what is
+  // spelt as it stands there.
+  std::error_code ignored;
+  for (const std::string& other : exists ? NamesIn(Readable(folder), ignored) : NamesIn(folder)) {
     if (other != name && text::EqualText(other, name) && visit(folder / FromText(other))) return true;
   }
   return false;

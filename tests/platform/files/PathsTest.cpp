@@ -1,6 +1,7 @@
 #include "platform/files/Paths.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 
@@ -58,6 +59,35 @@ TEST(Paths, ANewFileKeepsItsNameInTheRealFolder) {
     EXPECT_NE(error.Description().find("Otros"), std::string::npos);
   }
   EXPECT_THROW(ResolveForCreation(folder / "Datos/"), RuntimeError);
+}
+
+/// Root may list every folder, so the case runs as nobody.
+class OrdinaryUser {
+ public:
+  OrdinaryUser() {
+    if (user_ == 0 && seteuid(65534) != 0) ADD_FAILURE() << "cannot become nobody";
+  }
+  OrdinaryUser(const OrdinaryUser&) = delete;
+  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+  ~OrdinaryUser() { EXPECT_EQ(seteuid(user_), 0); }
+
+ private:
+  uid_t user_ = geteuid();
+};
+
+TEST(Paths, AFolderThatCannotBeListedHidesOnlyOtherSpellings) {
+  const TemporaryFolder folder;
+  folder.Touch("casa/ana/Informes.mdb");
+  const std::filesystem::path home = folder / "casa";
+  std::filesystem::permissions(home, std::filesystem::perms{0111});
+  {
+    const OrdinaryUser user;
+    EXPECT_EQ(Resolve(folder / "casa/ana/informes.mdb"), folder / "casa/ana/Informes.mdb");
+    EXPECT_EQ(Resolve(folder / "casa/ana/Otro.mdb"), std::nullopt);
+    EXPECT_EQ(ResolveForCreation(folder / "casa/ana/Otro.mdb"), folder / "casa/ana/Otro.mdb");
+    EXPECT_THROW(Resolve(folder / "casa/ANA/Informes.mdb"), RuntimeError);
+  }
+  std::filesystem::permissions(home, std::filesystem::perms{0755});
 }
 
 }  // namespace
