@@ -29,10 +29,16 @@ FilterEditor::FilterEditor(controls::TextBox& txtFiltro, const controls::ListBox
       cmdExportar_(cmdExportar),
       messages_(messages) {}
 
-void FilterEditor::InsertAtCaret(std::string_view piece) {
+void FilterEditor::InsertValue(std::string_view value) {
+  InsertAtCaret(value, txtFiltro_.SelLength());
+}
+
+void FilterEditor::InsertAtCaret(std::string_view piece, long replaced) {
   const std::string old = txtFiltro_.Text();
-  const std::size_t caret = text::ByteOffset(old, static_cast<std::size_t>(txtFiltro_.SelStart()) + 1);
-  txtFiltro_.Text(old.substr(0, caret).append(piece).append(old, caret));
+  const auto caret = static_cast<std::size_t>(txtFiltro_.SelStart()) + 1;
+  const std::size_t before = text::ByteOffset(old, caret);
+  const std::size_t behind = text::ByteOffset(old, caret + static_cast<std::size_t>(replaced));
+  txtFiltro_.Text(old.substr(0, before).append(piece).append(old, behind));
   txtFiltro_.SelStart(LengthOf(txtFiltro_));
 }
 

@@ -26,13 +26,15 @@ class FilterEditor {
   void mnuAgregarFiltro_Click();
   void mnuEliminarFiltro_Click();
   void mnuVerFiltro_Click();
+  /// Puts a value at the caret, over the selection if there is one, as it is. The caret goes to the end.
+  void InsertValue(std::string_view value);
   /// While the box has the focus, Enter does not press the window's default button, nor does it make a line.
   void txtFiltro_GotFocus();
   void txtFiltro_LostFocus();
   void txtFiltro_KeyPress(int& keyAscii);
 
  private:
-  void InsertAtCaret(std::string_view piece);
+  void InsertAtCaret(std::string_view piece, long replaced = 0);
   void Assign();
   void Remove();
   /// True if the text of the box balances; warns if it does not.

@@ -1,9 +1,8 @@
 #include "wizard/SelectionGrid.h"
 
 #include <array>
-#include <cstddef>
 
-#include "platform/text/Characters.h"
+#include "templates/TemplateContent.h"
 
 namespace velmar::wizard {
 
@@ -16,7 +15,6 @@ struct Head {
 
 constexpr std::array kHeads = {Head{"Tabla", 1500}, Head{"Campo", 2000}, Head{"Filtro del Campo", 4250}};
 constexpr long kLeftCentred = 1;
-constexpr std::size_t kPrefixLength = 5;
 
 }  // namespace
 
@@ -53,8 +51,7 @@ void InsertField(controls::Grid& grid, const GridField& field, long row) {
 }
 
 std::string OrderText(const controls::Grid& grid, long row) {
-  return text::Left(grid.TextMatrix(row, kNodeColumn), kPrefixLength) + " " +
-         grid.TextMatrix(row, kLiteralColumn);
+  return templates::SortText(grid.TextMatrix(row, kNodeColumn), grid.TextMatrix(row, kLiteralColumn));
 }
 
 }  // namespace velmar::wizard

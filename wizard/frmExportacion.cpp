@@ -8,14 +8,18 @@
 #include "host/interfaces/modVelmarExportacion.h"
 #include "platform/ado/Connection.h"
 #include "platform/error/ErrObject.h"
+#include "platform/toolkit/MakeForm.h"
 #include "platform/toolkit/Toolkit.h"
 #include "query/FromClause.h"
 #include "query/ListClauses.h"
 #include "query/SelectionValidation.h"
 #include "query/WhereClause.h"
+#include "templates/cConstPlantilla.h"
+#include "templates/frmPlantillas.h"
 #include "wizard/ControlSelection.h"
 #include "wizard/NodeList.h"
 #include "wizard/SelectionGrid.h"
+#include "wizard/frmDatos.h"
 
 namespace velmar::wizard {
 
@@ -103,9 +107,10 @@ void frmExportacion::WireOrderEditor() {
 }
 
 void frmExportacion::WireWindow() {
-  for (const int index : {kLeave, kExport, kHelp}) {
-    cmdExportar(index).Click = [this, index] { cmdExportar_Click(index); };
-  }
+  cmdExportar.Wire([this](controls::CommandButton& button, int index) {
+    button.Click = [this, index] { cmdExportar_Click(index); };
+  });
+  cmdVerDatos.Click = [this] { Act([&] { cmdVerDatos_Click(); }); };
   msgSeleccionados.MouseUp = [this](int button, int, float, float) {
     if (button == kRightButton) Act([&] { PopupMenu(mnuEmergente); });
   };
@@ -115,6 +120,8 @@ void frmExportacion::FillMenu() {
   const auto entry = [this](const char* name, const char* caption, std::function<void()> action) {
     mnuEmergente.Add({name, caption, [this, action = std::move(action)] { Act(action); }});
   };
+  entry("mnuVerDatos", "Ver datos del campo", [this] { cmdVerDatos_Click(); });
+  mnuEmergente.Add({"mnuSeparador0", "-", {}});
   entry("mnuAgregarOrden", "Agregar al 'orden'", [this] { order_.mnuAgregarOrden_Click(); });
   entry("mnuEliminarOrden", "Eliminar del 'orden'", [this] { order_.mnuEliminarOrden_Click(); });
   mnuEmergente.Add({"mnuSeparador1", "-", {}});
@@ -261,9 +268,51 @@ void frmExportacion::cmdExportar_Click(int index) {
     case kHelp:
       Act([this] { Surroundings().SendKeys("{F1}", true); });
       return;
+    case kLoadTemplate:
+      Act([this] { LoadTemplate(); });
+      return;
+    case kSaveTemplate:
+      Act([this] { SaveTemplate(); });
+      return;
     default:
       return;
   }
+}
+
+void frmExportacion::cmdVerDatos_Click() {
+  if (!HasFieldRow(msgSeleccionados)) return;
+  const long idCampo = msgSeleccionados.RowData(msgSeleccionados.Row());
+  if (!std::in_range<std::int16_t>(idCampo)) {
+    throw RuntimeError(kOverflow,
+                       "El campo tiene un número que no es válido: " + std::to_string(idCampo) + ".", kForm);
+  }
+  const auto dialog = toolkit::MakeForm<frmDatos>(Surroundings(), mcolCampos());
+  dialog->mintIDCampo = static_cast<std::int16_t>(idCampo);
+  dialog->Load();
+  dialog->Show();
+  const std::string value = dialog->mstrValorCampoElegido;
+  dialog->Unload();
+  if (!value.empty()) filter_.InsertValue(value);
+}
+
+void frmExportacion::LoadTemplate() {
+  ShowTemplates(cConstPlantilla().Cargar());
+  txtFiltro.Text({});
+  cboExportar_Click();
+}
+
+void frmExportacion::SaveTemplate() {
+  if (msgSeleccionados.Rows() == 1) {
+    messages_.Warn("¡Deberá tener algún campo en la rejilla para salvar plantillas!");
+    return;
+  }
+  ShowTemplates(cConstPlantilla().Salvar());
+}
+
+void frmExportacion::ShowTemplates(std::uint8_t operation) {
+  const auto dialog = toolkit::MakeForm<templates::frmPlantillas>(Surroundings(), msgSeleccionados, lstOrden);
+  dialog->mbytOperacion = operation;
+  dialog->Show();
 }
 
 void frmExportacion::Export() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -62,7 +63,9 @@ class frmExportacion : public toolkit::Form, public ExportControls {
 
   /// Refills the list of available fields for the chosen node.
   void cboExportar_Click();
-  /// The bottom buttons: 0 leaves, 1 exports, 2 opens the help.
+  /// Fetches a value for the field of the current row into the filter being written.
+  void cmdVerDatos_Click();
+  /// The bottom buttons: 0 leaves, 1 exports, 2 opens the help, 3 loads a template, 4 saves one.
   void cmdExportar_Click(int index);
 
  protected:
@@ -92,6 +95,9 @@ class frmExportacion : public toolkit::Form, public ExportControls {
   void Act(const std::function<void()>& action);
   void NodeChosen();
   void Export();
+  void LoadTemplate();
+  void SaveTemplate();
+  void ShowTemplates(std::uint8_t operation);
   std::function<void()> Turn() const;
 
   std::unique_ptr<Collection<cCampos>> mcolCampos_;
