@@ -61,6 +61,7 @@ std::string DatabaseList::AliasOf(std::string_view database, TextSpan span) {
 }
 
 std::string DatabaseList::AliasOf(const TableName& name) {
+  RefuseWorkbookAsTable(name);
   if (!name.database) return "main";
   if (IsSheet(*name.database)) {
     throw FailureAt(jetText_, name.databaseSpan,
@@ -77,12 +78,20 @@ TargetTable DatabaseList::Target(const TableName& name, const std::string& store
     target.alias = AliasOf(name);
     return target;
   }
+  RefuseWorkbookAsTable(name);
   target.excel = true;
   target.alias.clear();
   target.excelFile = WorkbookOf(name);
   target.table = name.table;
   if (target.table.ends_with('$')) target.table.pop_back();
   return target;
+}
+
+// [Excel 8.0;DATABASE=a.xls] with nothing behind it reads as the name of a table, which nobody wants so.
+void DatabaseList::RefuseWorkbookAsTable(const TableName& name) const {
+  if (IsSheet(name.table) && name.table.find(';') != std::string::npos) {
+    throw FailureAt(jetText_, name.span, "Falta el nombre de la hoja detrás del libro");
+  }
 }
 
 std::string DatabaseList::WorkbookOf(const TableName& name) const {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 
 #include "platform/jet/Dates.h"
@@ -135,6 +136,12 @@ Token Lexer::Number() {
   token.text = text_.substr(start, at_ - start);
   if (token.text.front() == '.') token.text.insert(0, 1, '0');
   if (token.text.back() == '.') token.text += '0';
+  double value = 0;
+  const auto result = std::from_chars(token.text.data(), token.text.data() + token.text.size(), value);
+  if (result.ec != std::errc{} || !std::isfinite(value)) {
+    Fail(start, at_ - start,
+         "El número es demasiado grande o demasiado pequeño: su exponente va de -307 a 308");
+  }
   return token;
 }
 

@@ -44,9 +44,10 @@ InsertStatement Parser::ParseInsert() {
   queries_.ParseInDatabase(statement.target);
   if (reader_.Accept("(")) {
     do {
+      const std::size_t start = reader_.Offset();
       std::string name = reader_.ExpectName("el nombre de un campo");
       if (reader_.Accept(".")) name = reader_.ExpectMember("el nombre de un campo");
-      statement.columns.push_back(std::move(name));
+      statement.columns.push_back({std::move(name), reader_.SpanFrom(start)});
     } while (reader_.Accept(","));
     reader_.Expect(")");
     queries_.ParseInDatabase(statement.target);

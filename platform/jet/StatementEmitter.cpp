@@ -69,11 +69,29 @@ void StatementEmitter::RefuseRepeatedOutput(const Select& select) const {
   }
 }
 
+// `names` are those of the columns before it, case-folded.
+void StatementEmitter::RefuseRepeated(const ColumnDefinition& column, std::set<std::string>& names) const {
+  if (names.insert(text::FoldCase(column.name)).second) return;
+  throw FailureAt(jetText_, column.span,
+                  "La tabla tendría dos campos " + column.name + "; dé otro nombre a uno de ellos",
+                  kDuplicateOutput);
+}
+
+// `written` are the columns before it, case-folded.
+void StatementEmitter::RefuseRepeated(const std::string& column, TextSpan span,
+                                      std::set<std::string>& written) const {
+  if (written.insert(text::FoldCase(column)).second) return;
+  throw FailureAt(jetText_, span, "El campo " + column + " recibe dos valores; deje uno solo",
+                  kDuplicateOutput);
+}
+
 void StatementEmitter::Write(const InsertStatement& statement) {
   SetTarget(statement.query ? StatementKind::kInsertSelect : StatementKind::kInsertValues, statement.target,
             true);
-  for (const std::string& column : statement.columns) {
-    translation_.target->columns.push_back(writer_.Spelling(column));
+  std::set<std::string> written;
+  for (const TargetColumn& column : statement.columns) {
+    RefuseRepeated(column.name, column.span, written);
+    translation_.target->columns.push_back(writer_.Spelling(column.name));
   }
   if (statement.query) {
     translation_.columns = QueryEmitter::ColumnsOf(*statement.query);
@@ -120,6 +138,10 @@ const NamedTable& StatementEmitter::UpdatedTable(const UpdateStatement& statemen
 void StatementEmitter::Write(const UpdateStatement& statement) {
   const NamedTable& table = UpdatedTable(statement);
   SetTarget(StatementKind::kUpdate, table.name);
+  std::set<std::string> written;
+  for (const Assignment& assignment : statement.assignments) {
+    RefuseRepeated(assignment.column.column, assignment.span, written);
+  }
   writer_.Raw("UPDATE ");
   queries_.WriteTable(table);
   writer_.Raw(" SET ");
@@ -180,8 +202,10 @@ void StatementEmitter::Write(const CreateTableStatement& statement) {
       .Table(translation_.target->alias, statement.target.table)
       .Raw(" (");
   bool rowKeyWritten = false;
+  std::set<std::string> names;
   for (std::size_t i = 0; i < statement.columns.size(); ++i) {
     const ColumnDefinition& column = statement.columns[i];
+    RefuseRepeated(column, names);
     const bool soleKey = key.size() == 1 && EqualName(key[0], column.name);
     const bool rowKey =
         column.type == "INTEGER" && (soleKey || (column.counter && key.empty() && !rowKeyWritten));
@@ -218,8 +242,12 @@ void StatementEmitter::WriteColumn(const ColumnDefinition& column, bool rowKey, 
   }
   writer_.Raw(kCollate);
   if (column.notNull || inKey) writer_.Raw(" NOT NULL");
-  if (column.type == "BIT") writer_.Raw(" DEFAULT 0");
   if (column.unique) writer_.Raw(" UNIQUE");
+  if (column.type != "BIT") return;
+  // True is -1 and nothing else: any other number would be neither True nor False in a comparison. The
+  // constraint bears the column's name, for the failure to tell it.
+  writer_.Raw(" DEFAULT 0 CONSTRAINT ").NewName(column.name);
+  writer_.Raw(" CHECK (").NewName(column.name).Raw(" IN (0, -1))");
 }
 
 void StatementEmitter::Write(const CreateIndexStatement& statement) {

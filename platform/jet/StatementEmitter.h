@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+#include <string>
 #include <string_view>
 
 #include "platform/jet/DatabaseList.h"
@@ -33,6 +35,8 @@ class StatementEmitter {
   void WriteColumn(const ColumnDefinition& column, bool rowKey, bool inKey);
   void WriteValues(const std::vector<Expression>& values);
   void RefuseRepeatedOutput(const Select& select) const;
+  void RefuseRepeated(const ColumnDefinition& column, std::set<std::string>& names) const;
+  void RefuseRepeated(const std::string& column, TextSpan span, std::set<std::string>& written) const;
   void SetTarget(StatementKind kind, const TableName& name, bool sheetAllowed = false, bool isNew = false);
   const NamedTable& UpdatedTable(const UpdateStatement& statement) const;
 

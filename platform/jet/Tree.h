@@ -197,9 +197,14 @@ struct SelectStatement {
   std::optional<TableName> into;
 };
 
+struct TargetColumn {
+  std::string name;
+  TextSpan span;
+};
+
 struct InsertStatement {
   TableName target;
-  std::vector<std::string> columns;
+  std::vector<TargetColumn> columns;
   std::unique_ptr<Query> query;    ///< INSERT … SELECT
   std::vector<Expression> values;  ///< INSERT … VALUES
 };

@@ -35,6 +35,7 @@ TEST(Lexer, CutsTokens) {
            Row{"a & &H10", "n:a s:& #:16 "},
            Row{"SELECT &H8000,&H7fffffff,&HFFFFFFFF", "n:SELECT #:-32768 s:, #:2147483647 s:, #:-1 "},
            Row{"1.5e-3+.5+5.+10", "#:1.5e-3 s:+ #:0.5 s:+ #:5.0 s:+ #:10 "},
+           Row{"1e308 1E-300 0e999", "#:1e308 #:1E-300 #:0e999 "},
            Row{"t.5", "n:t s:. #:5 "},
            Row{"'a''b' \"c\"\"'d\" ''", "t:a'b t:c\"'d t: "},
            Row{"a=>b =<c ><d", "n:a s:>= n:b s:<= n:c s:<> n:d "},
@@ -57,8 +58,8 @@ TEST(Lexer, RefusesWithThePlace) {
   for (const BadRow& row :
        {BadRow{"ñ 'abc", 3, 1}, BadRow{"[]", 0, 2}, BadRow{"a ] b", 2, 1}, BadRow{"a -- b", 2, 2},
         BadRow{"/* a */", 0, 2}, BadRow{"#31/31/2024#", 0, 12}, BadRow{"#1/1/2024", 0, 1},
-        BadRow{"12ab", 0, 3}, BadRow{"x = &H123456789", 4, 11}, BadRow{"a ? b", 2, 1}, BadRow{"\"a'", 0, 1},
-        BadRow{std::string_view("[a\0b]", 5), 0, 5}}) {
+        BadRow{"12ab", 0, 3}, BadRow{"ñ 1e400 b", 3, 5}, BadRow{"x = &H123456789", 4, 11},
+        BadRow{"a ? b", 2, 1}, BadRow{"\"a'", 0, 1}, BadRow{std::string_view("[a\0b]", 5), 0, 5}}) {
     SCOPED_TRACE(row.text);
     try {
       Lexer(row.text).Tokens();
