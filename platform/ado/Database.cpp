@@ -53,18 +53,21 @@ void Database::OpenHandle() {
   sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   sqlite3_set_authorizer(handle, &Database::Authorize, this);
   velmar::jet::RegisterFunctions(handle);
+  const Concerning concerning(*this, "main");
   Configure("main");
 }
 
 Database::~Database() = default;
 
 void Database::Run(const std::string& sql) {
+  const EngineAccess access(*this);
   Statement statement(*this, sql);
   while (statement.Step()) {
   }
 }
 
 std::int64_t Database::Number(const std::string& sql) {
+  const EngineAccess access(*this);
   Statement statement(*this, sql);
   return statement.Step() ? statement.Long(0) : 0;
 }
@@ -72,6 +75,7 @@ std::int64_t Database::Number(const std::string& sql) {
 void Database::Attach(const std::string& path, const std::string& alias) {
   RequireDatabaseFile(path);
   files_.insert_or_assign(alias, path);
+  const Concerning concerning(*this, alias);
   try {
     Statement attach(*this, "ATTACH DATABASE ?1 AS ?2");
     attach.Bind(1, path);
@@ -122,13 +126,26 @@ void Database::Configure(const std::string& alias) {
   if (!InTransaction()) Run(prefix + (scratch ? "synchronous = OFF" : "synchronous = FULL"));
 }
 
-int Database::Authorize(void* self, int /*action*/, const char* first, const char* second,
-                        const char* /*alias*/, const char* /*trigger*/) {
-  if (static_cast<Database*>(self)->systemAccess_ > 0) return SQLITE_OK;
+int Database::Authorize(void* self, int action, const char* first, const char* second, const char* alias,
+                        const char* /*trigger*/) {
+  Database& database = *static_cast<Database*>(self);
+  const auto refuse = [&](const char* name) {
+    database.refused_ = name;
+    return SQLITE_DENY;
+  };
   for (const char* name : {first, second}) {
-    if (name != nullptr && IsSystemTable(name)) return SQLITE_DENY;
+    if (name != nullptr && database.systemAccess_ == 0 && IsSystemTable(name)) return refuse(name);
   }
-  return SQLITE_OK;
+  const bool reads = action == SQLITE_READ && database.engineAccess_ == 0 && first != nullptr;
+  return reads && database.IsEngineTable(first, alias) ? refuse(first) : SQLITE_OK;
+}
+
+bool Database::IsEngineTable(const char* name, const char* alias) const {
+  if (sqlite3_strnicmp(name, "sqlite_", 7) == 0) return true;
+  // A table of the file may bear the name of one that the engine makes up.
+  return IsEngineModule(name) &&
+         sqlite3_table_column_metadata(handle_.get(), alias, name, nullptr, nullptr, nullptr, nullptr,
+                                       nullptr, nullptr) != SQLITE_OK;
 }
 
 }  // namespace ADODB

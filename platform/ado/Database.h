@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/error/RuntimeError.h"
 
@@ -56,6 +57,12 @@ class Database {
   bool TryDetach(const std::string& alias) noexcept;
   /// The file behind an alias, empty if there is none.
   std::string FileOf(std::string_view alias) const;
+  /// The file that is being read alone, by its alias; empty if a statement runs that may use several.
+  const std::string& Concern() const noexcept { return concern_; }
+  /// Main file and attached files, by their aliases.
+  const std::map<std::string, std::string, std::less<>>& Files() const noexcept { return files_; }
+  /// The table that the last refused statement was not to see.
+  const std::string& RefusedTable() const noexcept { return refused_; }
 
   bool InTransaction() const noexcept;
 
@@ -71,12 +78,40 @@ class Database {
     Database* database_;
   };
 
+  /// While one exists, texts may read the engine's own tables, which do not exist for statements. Definitions
+  /// need it too, since the engine reads them itself then.
+  class EngineAccess {
+   public:
+    explicit EngineAccess(Database& database) noexcept : database_(&database) { ++database_->engineAccess_; }
+    ~EngineAccess() { --database_->engineAccess_; }
+    EngineAccess(const EngineAccess&) = delete;
+    EngineAccess& operator=(const EngineAccess&) = delete;
+
+   private:
+    Database* database_;
+  };
+
+  /// While one exists, failures are about this file.
+  class Concerning {
+   public:
+    Concerning(Database& database, const std::string& alias)
+        : database_(&database), before_(std::exchange(database.concern_, alias)) {}
+    ~Concerning() { database_->concern_.swap(before_); }
+    Concerning(const Concerning&) = delete;
+    Concerning& operator=(const Concerning&) = delete;
+
+   private:
+    Database* database_;
+    std::string before_;
+  };
+
  private:
   struct Closer {
     void operator()(sqlite3* handle) const noexcept;
   };
   static int Authorize(void* self, int action, const char* first, const char* second, const char* alias,
                        const char* trigger);
+  bool IsEngineTable(const char* name, const char* alias) const;
   void OpenHandle();
   void Configure(const std::string& alias);
 
@@ -85,6 +120,9 @@ class Database {
   std::unique_ptr<sqlite3, Closer> handle_;
   bool scratch_ = false;
   int systemAccess_ = 0;
+  int engineAccess_ = 0;
+  std::string concern_;
+  std::string refused_;
 };
 
 }  // namespace ADODB

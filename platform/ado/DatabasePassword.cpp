@@ -63,6 +63,7 @@ VerifiedPasswords& Verified() {
 /// Empty if the file has no password.
 std::string StoredHash(Database& database, const std::string& alias) {
   const Database::SystemAccess access(database);
+  const Database::Concerning concerning(database, alias);
   const std::string schema = QuoteIdentifier(alias);
   const std::string table = QuoteIdentifier(kSystemTable);
   if (database.Number("SELECT count(*) FROM " + schema + ".sqlite_master WHERE type = 'table' AND name = '" +
@@ -103,6 +104,13 @@ void RequirePassword(Database& database, const std::string& alias, const FileIde
 }
 
 void StorePassword(Database& database, const std::string& password) {
+  if (password.find(']') != std::string::npos || password.find('\0') != std::string::npos) {
+    throw RuntimeError(velmar::kInvalidPropertyValue,
+                       "La contraseña de la base de datos " + database.Path() +
+                           " no puede contener un corchete de cierre «]» ni el carácter nulo: en las "
+                           "sentencias va entre corchetes. Elija otra.",
+                       "ADODB.Connection");
+  }
   RequireSodium();
   const std::string hash = password.empty() ? std::string() : HashOf(password);
   const std::string table = "\"main\"." + QuoteIdentifier(kSystemTable);

@@ -15,7 +15,8 @@ namespace ADODB {
 void RequirePassword(Database& database, const std::string& alias, const FileIdentity& file,
                      const std::string& password);
 
-/// Sets or changes the password of the main file; an empty one removes it.
+/// Sets or changes the password of the main file; an empty one removes it. kInvalidPropertyValue for one with
+/// "]", which no statement could give in its brackets.
 void StorePassword(Database& database, const std::string& password);
 
 }  // namespace ADODB

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/ado/Database.h"
+#include "platform/ado/TableNames.h"
 #include "platform/error/ErrorNumber.h"
 #include "platform/jet/Translation.h"
 
@@ -27,12 +28,19 @@ struct NamedMessage {
 constexpr std::string_view kTooComplicated =
     "La sentencia es demasiado complicada: tiene demasiados campos, tablas o condiciones.";
 
+constexpr std::string_view kNoTable = "No existe la tabla «». Compruebe que el nombre esté bien escrito.";
+
+constexpr std::string_view kNoKeyAdded =
+    "No se puede añadir un campo clave o sin repetidos a una tabla que ya existe. Añada el campo y después "
+    "un "
+    "índice con CREATE UNIQUE INDEX.";
+
 constexpr std::string_view kOneField =
     "Una subconsulta que está en el lugar de un valor debe tener un solo campo.";
 
 constexpr std::array kNamedMessages{
-    NamedMessage{"no such table: ", velmar::kUnknownTable,
-                 "No existe la tabla «». Compruebe que el nombre esté bien escrito."},
+    NamedMessage{"no such table: ", velmar::kUnknownTable, kNoTable},
+    NamedMessage{"vtable constructor failed: ", velmar::kUnknownTable, kNoTable},
     NamedMessage{"no such column: ", velmar::kUnknownName,
                  "No existe el campo «». Compruebe que el nombre esté bien escrito y que su tabla esté en la "
                  "sentencia."},
@@ -66,6 +74,22 @@ constexpr std::array kNamedMessages{
         "No se han guardado los cambios: el valor de «» ya está en otro registro y no puede repetirse."},
     NamedMessage{"NOT NULL constraint failed: ", velmar::kFieldRequired,
                  "No se han guardado los cambios: el campo «» necesita un valor."},
+    NamedMessage{
+        "CHECK constraint failed: ", velmar::kTypeMismatch,
+        "No se han guardado los cambios: un valor no cumple la regla «» de la tabla. Un campo Sí/No sólo "
+        "admite Sí (-1) y No (0)."},
+    NamedMessage{
+        "Cannot add a NOT NULL column", velmar::kFieldRequired,
+        "No se puede añadir a una tabla que ya existe un campo que necesita un valor (NOT NULL): sus "
+        "registros no lo tienen. Añádalo sin NOT NULL."},
+    NamedMessage{"Cannot add a PRIMARY KEY column", velmar::kQuerySyntax, kNoKeyAdded},
+    NamedMessage{"Cannot add a UNIQUE column", velmar::kQuerySyntax, kNoKeyAdded},
+    NamedMessage{"object name reserved for internal use: ", velmar::kQuerySyntax,
+                 "El nombre «» está reservado a la base de datos. Elija otro."},
+    NamedMessage{
+        "cannot drop column ", velmar::kQuerySyntax,
+        "No se puede quitar el campo: es parte de una clave o de un índice, o es el único de su tabla "
+        "(«»)."},
 };
 
 std::string WithName(std::string_view description, std::string_view name) {
@@ -88,6 +112,11 @@ std::string WithoutAlias(const Database& database, std::string_view name, std::s
   return std::string(name);
 }
 
+/// For a table of the engine's own, which belongs to no file that the user knows.
+RuntimeError ClosedTable(std::string_view name, const std::optional<velmar::TextSpan>& span) {
+  return RuntimeError(velmar::kUnknownTable, WithName(kNoTable, name), kSource, span);
+}
+
 std::optional<RuntimeError> NamedFailure(const Database& database, std::string_view message,
                                          const std::optional<velmar::TextSpan>& span) {
   for (const NamedMessage& known : kNamedMessages) {
@@ -105,6 +134,18 @@ std::optional<RuntimeError> NamedFailure(const Database& database, std::string_v
                         "La tabla «" + std::string(message.substr(6, place - 6)) + "» no tiene un campo «" +
                             std::string(message.substr(place + kNoColumn.size())) + "».",
                         kSource, span);
+  }
+  // The engine itself is refused when it makes up a table for the first time; this does not tell its name.
+  if (message.starts_with("access to ") && message.ends_with(" is prohibited")) {
+    return RuntimeError(velmar::kUnknownTable,
+                        "La sentencia nombra una tabla interna de la base de datos, que no se puede leer. "
+                        "Compruebe los nombres de sus tablas.",
+                        kSource, span);
+  }
+  constexpr std::string_view kClosed = " may not be ";  // "modified", "dropped", "altered", "indexed"
+  if (const auto place = message.find(kClosed);
+      message.starts_with("table ") && place != std::string_view::npos) {
+    return ClosedTable(message.substr(6, place - 6), span);
   }
   if (message.find(" values for ") != std::string_view::npos || message.ends_with(" values were supplied")) {
     return RuntimeError(velmar::kColumnCountMismatch,
@@ -178,12 +219,25 @@ std::optional<RuntimeError> FileFailure(int code, const std::string& file) {
   }
 }
 
-/// The file that a failure is about: the one the statement writes, else the connection's own.
-std::string ConcernedFile(const Database& database, const velmar::jet::Translation* translation) {
-  if (translation != nullptr && translation->target && !translation->target->excel) {
+bool Names(const velmar::jet::Translation& translation, const std::string& alias) {
+  return (translation.target && translation.target->alias == alias) ||
+         translation.sql.find(alias + '.') != std::string::npos;
+}
+
+/// The file that a failure is about. The engine does not say which: where a statement has several, a failure
+/// to write is about its target, any other about one of them, "A o B".
+std::string ConcernedFiles(const Database& database, int code, const velmar::jet::Translation* translation) {
+  if (const std::string file = database.FileOf(database.Concern()); !file.empty()) return file;
+  const int primary = code & 0xff;
+  if (translation != nullptr && translation->target &&
+      (primary == SQLITE_READONLY || primary == SQLITE_FULL)) {
     if (const std::string file = database.FileOf(translation->target->alias); !file.empty()) return file;
   }
-  return database.Path();
+  std::string files;
+  for (const auto& [alias, file] : database.Files()) {
+    if (translation == nullptr || Names(*translation, alias)) files += (files.empty() ? "" : " o ") + file;
+  }
+  return files.empty() ? database.Path() : files;
 }
 
 }  // namespace
@@ -204,7 +258,10 @@ RuntimeError NotADatabase(const std::string& path) {
 
 RuntimeError EngineFailure(const Database& database, int code, const velmar::jet::Translation* translation) {
   sqlite3* handle = database.Handle();
-  if (auto failure = FileFailure(code, ConcernedFile(database, translation))) return *failure;
+  if ((code & 0xff) == SQLITE_AUTH && !IsSystemTable(database.RefusedTable())) {
+    return ClosedTable(database.RefusedTable(), std::nullopt);
+  }
+  if (auto failure = FileFailure(code, ConcernedFiles(database, code, translation))) return *failure;
   const std::string message = handle == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(handle);
   std::optional<velmar::TextSpan> span;
   if (translation != nullptr && handle != nullptr) {

@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <optional>
+
 #include "platform/ado/DatabasePassword.h"
 #include "platform/ado/ForwardCursor.h"
 #include "platform/ado/KeyedTable.h"
@@ -24,6 +26,19 @@ using velmar::jet::StatementKind;
 using velmar::jet::Translation;
 
 constexpr const char* kSource = "ADODB.Connection";
+
+bool Defines(StatementKind kind) {
+  switch (kind) {
+    case StatementKind::kCreateTable:
+    case StatementKind::kCreateIndex:
+    case StatementKind::kAlterTable:
+    case StatementKind::kDropTable:
+    case StatementKind::kDropIndex:
+      return true;
+    default:
+      return false;
+  }
+}
 
 }  // namespace
 
@@ -148,6 +163,8 @@ std::unique_ptr<Cursor> Session::Execute(std::string_view text, long* affected) 
       RefuseExistingTable(*database_, *translation.target);
       [[fallthrough]];
     default: {
+      std::optional<Database::EngineAccess> access;
+      if (Defines(translation.kind)) access.emplace(*database_);
       const std::int64_t before = sqlite3_total_changes64(database_->Handle());
       Statement statement(*database_, translation.sql, &translation);
       while (statement.Step()) {

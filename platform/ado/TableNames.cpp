@@ -10,9 +10,29 @@
 
 namespace ADODB {
 
+namespace {
+
+bool StartsWith(std::string_view name, std::string_view start) noexcept {
+  return name.size() >= start.size() && ::strncasecmp(name.data(), start.data(), start.size()) == 0;
+}
+
+bool IsWord(std::string_view name, std::string_view word) noexcept {
+  return name.size() == word.size() && StartsWith(name, word);
+}
+
+}  // namespace
+
 bool IsSystemTable(std::string_view name) noexcept {
-  return name.size() == kSystemTable.size() &&
-         ::strncasecmp(name.data(), kSystemTable.data(), kSystemTable.size()) == 0;
+  return IsWord(name, kSystemTable);
+}
+
+bool IsEngineModule(std::string_view name) noexcept {
+  if (StartsWith(name, "pragma_")) return true;
+  for (const std::string_view module :
+       {"dbstat", "json_each", "json_tree", "bytecode", "tables_used", "fts3tokenize", "generate_series"}) {
+    if (IsWord(name, module)) return true;
+  }
+  return false;
 }
 
 bool SameName(std::string_view a, std::string_view b) {
@@ -21,6 +41,8 @@ bool SameName(std::string_view a, std::string_view b) {
 
 std::vector<std::string> TableNames(Database& database, const std::string& alias) {
   std::vector<std::string> names;
+  const Database::EngineAccess access(database);
+  const Database::Concerning concerning(database, alias);
   Statement list(database,
                  "SELECT name FROM " + velmar::jet::QuoteIdentifier(alias) +
                      ".sqlite_master WHERE type IN ('table', 'view') AND name NOT LIKE 'sqlite\\_%' ESCAPE "
@@ -39,6 +61,8 @@ std::optional<std::string> FindTable(Database& database, const std::string& alia
 
 std::vector<std::string> ColumnNames(Database& database, const std::string& alias, const std::string& table) {
   std::vector<std::string> names;
+  const Database::EngineAccess access(database);
+  const Database::Concerning concerning(database, alias);
   Statement list(database, "SELECT name FROM pragma_table_info(?1, ?2) ORDER BY cid");
   list.Bind(1, table);
   list.Bind(2, alias);

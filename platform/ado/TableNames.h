@@ -18,6 +18,10 @@ inline constexpr std::string_view kSystemTable = "MSysVelmar";
 
 bool IsSystemTable(std::string_view name) noexcept;
 
+/// True for names behind which the engine makes up a table about itself or its files, where no table of the
+/// file has the name.
+bool IsEngineModule(std::string_view name) noexcept;
+
 /// Regardless of case, accented letters included, where the engine itself folds ASCII only.
 bool SameName(std::string_view a, std::string_view b);
 

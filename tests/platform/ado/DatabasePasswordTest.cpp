@@ -47,6 +47,17 @@ TEST(DatabasePassword, CanBeSetChangedAndRemoved) {
   }
 }
 
+TEST(DatabasePassword, OneThatNoStatementCouldNameIsRefused) {
+  const TestFolder folder;
+  EXPECT_EQ(FailureOf([&] { folder.Create("A.mdb", Clause("a]b")); }), velmar::kInvalidPropertyValue);
+  EXPECT_EQ(folder.Names(), "");
+  const auto connection = folder.OpenNew("A.mdb", Clause("a[b"));
+  EXPECT_EQ(FailureOf([&] { connection->SetDatabasePassword("a]b"); }), velmar::kInvalidPropertyValue);
+  connection->Execute("CREATE TABLE T (N LONG)");
+  EXPECT_EQ(RowsOf(*folder.OpenNew("B.mdb"), "SELECT * FROM [" + folder.File("A.mdb") + ";pwd=a[b].T"), "")
+      << "the old password is still the right one";
+}
+
 TEST(DatabasePassword, AChangeCountsAtOnceForWhoHadItRight) {
   const TestFolder folder;
   const auto owner = folder.OpenNew("A.mdb", Clause("vieja"));

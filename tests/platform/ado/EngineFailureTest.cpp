@@ -59,6 +59,19 @@ TEST(EngineFailure, SaysWhatAndWhere) {
       {"SELECT N FROM T WHERE N = (SELECT N, ID FROM T)", velmar::kQuerySyntax, "subconsulta", nullptr},
       {"SELECT N FROM T ORDER BY 2", velmar::kQuerySyntax, "ORDER BY", nullptr},
       {"SELECT 1 / 0", velmar::kEngineFailure, "", nullptr},
+      {"ALTER TABLE T ADD COLUMN X LONG NOT NULL", velmar::kFieldRequired, "NOT NULL", nullptr},
+      {"CREATE TABLE sqlite_x (N LONG)", velmar::kQuerySyntax, "reservado", nullptr},
+      {"SELECT * FROM sqlite_master", velmar::kUnknownTable, "«sqlite_master»", nullptr},
+      {"SELECT Count(*) FROM [SQLITE_SCHEMA]", velmar::kUnknownTable, "«SQLITE_SCHEMA»", nullptr},
+      {"SELECT name INTO U FROM sqlite_master", velmar::kUnknownTable, "«sqlite_master»", nullptr},
+      {"SELECT N FROM T WHERE N IN (SELECT rootpage FROM sqlite_master)", velmar::kUnknownTable,
+       "«sqlite_master»", nullptr},
+      {"UPDATE T SET N = (SELECT Count(*) FROM sqlite_master)", velmar::kUnknownTable, "«sqlite_master»",
+       nullptr},
+      {"DELETE FROM sqlite_master", velmar::kUnknownTable, "«sqlite_master»", nullptr},
+      {"DROP TABLE sqlite_master", velmar::kUnknownTable, "«sqlite_master»", nullptr},
+      {"SELECT * FROM pragma_table_list", velmar::kUnknownTable, "interna", nullptr},
+      {"SELECT * FROM dbstat", velmar::kUnknownTable, "«dbstat»", nullptr},
   };
   for (const Case& each : cases) {
     SCOPED_TRACE(each.text);
@@ -90,6 +103,58 @@ TEST(EngineFailure, NamesTheDatabaseThatLacksATable) {
     EXPECT_NE(error.Description().find("«Falta»"), std::string::npos) << error.Description();
     EXPECT_NE(error.Description().find(folder.File("B.mdb")), std::string::npos) << error.Description();
   }
+}
+
+TEST(EngineFailure, ATableMayBearTheNameOfOneThatTheEngineMakesUp) {
+  const TestFolder folder;
+  const auto connection = folder.OpenNew("A.mdb");
+  for (const std::string name : {"dbstat", "pragma_table_list"}) {
+    connection->Execute("CREATE TABLE " + name + " (N LONG)");
+    connection->Execute("INSERT INTO " + name + " VALUES (7)");
+    EXPECT_EQ(RowsOf(*connection, "SELECT N FROM " + name), "7");
+    EXPECT_EQ(RowsOf(*connection, "SELECT Count(*) FROM " + name), "1");
+  }
+}
+
+TEST(EngineFailure, NamesTheFileThatFails) {
+  const TestFolder folder;
+  const auto connection = folder.OpenNew("Propia.mdb");
+  connection->Execute("CREATE TABLE T (N LONG)");
+  connection->Execute("INSERT INTO T VALUES (1)");
+  const auto other = folder.OpenNew("Buena.mdb");
+  other->Execute("CREATE TABLE T (N LONG)");
+  folder.Write("Corta.mdb", folder.Read("Buena.mdb").substr(0, 4096));
+  folder.Write("Texto.mdb", std::string(5000, 'x'));
+  const auto description = [&](const std::string& text) {
+    try {
+      connection->Execute(text);
+    } catch (const velmar::RuntimeError& error) {
+      return error.Description();
+    }
+    return std::string("no failure");
+  };
+  for (const char* name : {"Corta.mdb", "Texto.mdb"}) {
+    const std::string table = "[" + folder.File(name) + "].";
+    for (const std::string& text : {"SELECT * INTO " + table + "Z FROM T", "SELECT * FROM " + table + "T",
+                                    "INSERT INTO T SELECT * FROM " + table + "T"}) {
+      SCOPED_TRACE(text);
+      const std::string said = description(text);
+      EXPECT_NE(said.find(folder.File(name)), std::string::npos) << said;
+      EXPECT_EQ(said.find("Propia.mdb"), std::string::npos) << said;
+    }
+  }
+  const std::string good = "[" + folder.File("Buena.mdb") + "].";
+  const auto locked = [&](const std::string& text) {
+    std::string said = description(text);
+    EXPECT_NE(said.find("ocupada"), std::string::npos) << said;
+    EXPECT_NE(said.find(folder.File("Buena.mdb")), std::string::npos) << said;
+    return said;
+  };
+  other->BeginTrans();
+  other->Execute("INSERT INTO T VALUES (1)");
+  const std::string said = locked("INSERT INTO " + good + "T VALUES (2)");
+  EXPECT_EQ(said.find("Propia.mdb"), std::string::npos) << said;
+  locked("SELECT * INTO " + good + "Z FROM T");
 }
 
 TEST(EngineFailure, ALockedFileIsLeftAlone) {

@@ -168,6 +168,45 @@ TEST_F(RecordsetTest, WritesOnlyWhereARowIsARowOfOneTable) {
   }
 }
 
+TEST_F(RecordsetTest, AKeysetIsOrderedByOutputNumbersAndNames) {
+  connection_->Execute("CREATE TABLE K (A TEXT(5), N LONG, M LONG)");
+  for (const char* row : {"'z', 1, 30", "'a', 2, 10", "'m', 3, 20", "'a', 4, 40"})
+    connection_->Execute("INSERT INTO K VALUES (" + std::string(row) + ")");
+  struct Case {
+    const char* source;
+    bool updates;
+  };
+  const Case cases[] = {
+      {"SELECT A, N FROM K ORDER BY 1, 2 DESC", true},
+      {"SELECT TOP 2 A, N FROM K ORDER BY 2 DESC;", true},
+      {"SELECT TOP 50 PERCENT A, N FROM K ORDER BY 1 DESC, N", true},
+      {"SELECT * FROM K AS X WHERE N > 1 ORDER BY 3", true},
+      {"SELECT N AS Orden, A FROM K ORDER BY orden DESC", true},
+      {"SELECT M AS N, N AS M FROM K ORDER BY N", true},
+      {"SELECT M AS N, A FROM K ORDER BY N + 0", true},
+      {"SELECT M AS [El orden], A FROM K ORDER BY -[El orden], A", true},
+      {"SELECT M AS X, A FROM K ORDER BY K.N DESC", true},
+      {"SELECT M, A FROM K ORDER BY IIf(A = 'z', 1, 2), M", true},
+      {"SELECT A, M FROM K ORDER BY Mid(A, 1, 2), M", true},
+      {"SELECT A, N FROM K ORDER BY (1), N", false},
+      {"SELECT M AS X, N FROM K WHERE X > 10 ORDER BY N", false},
+      {"SELECT A AS X, N AS X FROM K ORDER BY X, N", false},
+  };
+  for (const Case& each : cases) {
+    SCOPED_TRACE(each.source);
+    rows_.Open(each.source, connection_, kOpenStatic);
+    const std::string expected = RowsOf(rows_);
+    rows_.Close();
+    EXPECT_NE(expected, "");
+    rows_.Open(each.source, connection_, kOpenKeyset, kLockOptimistic);
+    EXPECT_EQ(RowsOf(rows_), expected);
+    rows_.MoveFirst();
+    EXPECT_EQ(FailureOf([&] { rows_.Update(rows_.Fields(0).Name(), rows_.Fields(0).Value()); }),
+              each.updates ? 0L : velmar::kReadOnly);
+    rows_.Close();
+  }
+}
+
 TEST_F(RecordsetTest, RefusesWrongUse) {
   EXPECT_EQ(FailureOf([&] { rows_.Open("T"); }), velmar::kObjectNotSet);
   EXPECT_EQ(FailureOf([&] { rows_.PageSize(0); }), velmar::kInvalidPropertyValue);
