@@ -1,6 +1,5 @@
 #include "platform/controls/Control.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "platform/controls/FocusScope.h"
@@ -75,11 +74,11 @@ void Control::Invalidate() {
 }
 
 void Control::Observe(ControlObserver& observer) {
-  observers_.push_back(&observer);
+  observers_.Add(observer);
 }
 
 void Control::Unobserve(ControlObserver& observer) noexcept {
-  observers_.erase(std::remove(observers_.begin(), observers_.end(), &observer), observers_.end());
+  observers_.Remove(observer);
 }
 
 void Control::NotifyChanged(Property what) {

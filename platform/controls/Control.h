@@ -4,9 +4,9 @@
 #include <functional>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "platform/controls/ControlObserver.h"
+#include "platform/controls/ObserverList.h"
 
 namespace velmar::controls {
 
@@ -80,7 +80,7 @@ class Control {
   /// Tells every observer; `notice` takes a ControlObserver&.
   template <typename Notice>
   void Notify(Notice notice) {
-    for (std::size_t i = 0; i < observers_.size(); ++i) notice(*observers_[i]);
+    observers_.Notify(notice);
   }
   void NotifyChanged(Property what);
   FocusScope* Scope() const noexcept { return scope_; }
@@ -100,7 +100,7 @@ class Control {
   std::string toolTip_;
   std::string accessibleName_;
   std::string tag_;
-  std::vector<ControlObserver*> observers_;
+  ObserverList<ControlObserver> observers_;
   const Control* container_ = nullptr;
   FocusScope* scope_ = nullptr;
   long handle_;

@@ -1,7 +1,5 @@
 #include "platform/toolkit/Form.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <utility>
 
 #include "platform/controls/CommonDialog.h"
@@ -20,7 +18,7 @@ Form::~Form() = default;
 
 template <typename Notice>
 void Form::Notify(Notice notice) {
-  for (std::size_t i = 0; i < observers_.size(); ++i) notice(*observers_[i]);
+  observers_.Notify(notice);
 }
 
 void Form::Caption(std::string caption) {
@@ -105,11 +103,11 @@ bool Form::UserClose() {
 }
 
 void Form::Observe(FormObserver& observer) {
-  observers_.push_back(&observer);
+  observers_.Add(observer);
 }
 
 void Form::Unobserve(FormObserver& observer) noexcept {
-  observers_.erase(std::remove(observers_.begin(), observers_.end(), &observer), observers_.end());
+  observers_.Remove(observer);
 }
 
 void Form::Initialize() {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/controls/FocusScope.h"
+#include "platform/controls/ObserverList.h"
 #include "platform/toolkit/Picture.h"
 
 namespace velmar::controls {
@@ -98,7 +99,7 @@ class Form : public std::enable_shared_from_this<Form> {
   std::string caption_;
   Picture icon_;
   controls::FocusScope scope_;
-  std::vector<FormObserver*> observers_;
+  controls::ObserverList<FormObserver> observers_;
   long helpContext_ = 0;
   bool initialized_ = false;
   bool loaded_ = false;

@@ -56,5 +56,24 @@ TEST(Control, TellsItsObserversUntilTheyLeave) {
   EXPECT_FALSE(leaving.gone);
 }
 
+TEST(Control, TellsEveryObserverThoughOneLeavesInItsNotice) {
+  struct Leaver : ControlObserver {
+    void Destroyed(Control& control) override {
+      control.Unobserve(*this);
+      gone = true;
+    }
+    bool gone = false;
+  };
+  Leaver first;
+  Leaver second;
+  {
+    Label label("lbl");
+    label.Observe(first);
+    label.Observe(second);
+  }
+  EXPECT_TRUE(first.gone);
+  EXPECT_TRUE(second.gone);
+}
+
 }  // namespace
 }  // namespace velmar::controls
