@@ -36,9 +36,10 @@ void ActualizarCatalogo(ADODB::Connection& conGestion, ADODB::Connection& coninf
   };
 
   std::shared_ptr<ADODB::Recordset> probe;
-  Err.Try([&] { probe = conGestion.Execute("SELECT IDTabla FROM ExportacionCampos"); });
+  // The probe alone tells: an event that fails in the turn says nothing about the table.
+  const bool found = Err.Try([&] { probe = conGestion.Execute("SELECT IDTabla FROM ExportacionCampos"); });
   turn();
-  if (Err.Number() == 0) return;
+  if (found) return;
   Err.Clear();
 
   Err.Try([&] { conGestion.BeginTrans(); });
@@ -48,12 +49,15 @@ void ActualizarCatalogo(ADODB::Connection& conGestion, ADODB::Connection& coninf
   ReadPlace(Err, coninformes, reports);
   const auto copy = [&](const std::string& table, const std::string& source) {
     const std::string sql = "SELECT * INTO " + management.Table(table) + " FROM " + reports.Table(source);
-    Err.Try([&] { coninformes.Execute(sql); });
+    const bool copied = Err.Try([&] { coninformes.Execute(sql); });
     turn();
+    return copied;
   };
   copy("ExportacionCampos", "ExportacionCamposTEMP");
-  copy("ExportacionPlantillas", "ExportacionPlantillasTEMP");
+  const bool templatesAreNew = copy("ExportacionPlantillas", "ExportacionPlantillasTEMP");
   Err.Try([&] { conGestion.CommitTrans(); });
+  // A table that was there before holds what users have saved, and a probe also fails on a busy database.
+  if (!templatesAreNew) return;
   Err.Try([&] { conGestion.Execute("DELETE FROM ExportacionPlantillas"); });
   turn();
 }

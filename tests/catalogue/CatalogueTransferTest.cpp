@@ -101,5 +101,23 @@ TEST(CatalogueTransfer, EachStepRunsWhateverBecameOfTheOneBefore) {
   EXPECT_NO_THROW(ActualizarCatalogo(*management, *reports, {}));
 }
 
+TEST(CatalogueTransfer, TemplatesThatUsersHaveSavedStayWhateverFails) {
+  const testing::TestDatabases databases;
+  const Connection management = databases.Create("Gestion.mdb");
+  const Connection reports = databases.Create("Informes.mdb");
+  FillReports(reports);
+  ActualizarCatalogo(*management, *reports, {});
+  management->Execute("INSERT INTO ExportacionPlantillas VALUES ('Mía', 7)");
+
+  // An event that fails in the turn behind a good probe.
+  ActualizarCatalogo(*management, *reports, [] { throw RuntimeError(5, "turn"); });
+  EXPECT_EQ(Rows(management, "SELECT Nombre FROM ExportacionPlantillas"), "Mía|\n");
+  // A probe that fails although the templates are there.
+  management->Execute("DROP TABLE ExportacionCampos");
+  ActualizarCatalogo(*management, *reports, {});
+  EXPECT_EQ(Rows(management, "SELECT IDCampo FROM ExportacionCampos"), "2|\n1|\n");
+  EXPECT_EQ(Rows(management, "SELECT Nombre FROM ExportacionPlantillas"), "Mía|\n");
+}
+
 }  // namespace
 }  // namespace velmar
