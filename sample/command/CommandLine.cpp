@@ -152,8 +152,10 @@ void CommandLine::Create(const Arguments& arguments) {
   GeneratorOptions options = OptionsOf(arguments, arguments.Require("--carpeta"));
   if (const auto date = arguments.Find("--fecha")) {
     const auto parsed = ParseDate(*date);
-    if (!parsed)
-      throw UsageError("La opción '--fecha' pide una fecha AAAA-MM-DD; se ha escrito '" + *date + "'.");
+    if (!parsed || parsed->year() < std::chrono::year{1950} || parsed->year() > std::chrono::year{2100}) {
+      throw UsageError("La opción '--fecha' pide una fecha AAAA-MM-DD de 1950 a 2100; se ha escrito '" +
+                       *date + "'.");
+    }
     options.date = *parsed;
   }
   options.mainPassword = arguments.Find("--clave-gestion").value_or("");

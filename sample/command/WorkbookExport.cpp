@@ -1,6 +1,7 @@
 #include "sample/command/WorkbookExport.h"
 
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "platform/error/RuntimeError.h"
 #include "platform/jet/Lexer.h"
 #include "platform/text/Case.h"
+#include "platform/text/Search.h"
 #include "sample/SampleFiles.h"
 #include "sample/WorkFolder.h"
 
@@ -26,8 +28,22 @@ bool IsWord(const jet::Token& token, std::string_view word) {
   return token.kind == jet::TokenKind::kName && text::UCase(token.text) == word;
 }
 
+/// True for a file that begins as the compound files in which Excel 8.0 workbooks lie.
+bool IsCompoundFile(const std::string& file) {
+  constexpr std::string_view kSignature = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
+  std::string start(kSignature.size(), '\0');
+  std::ifstream(file, std::ios::binary).read(start.data(), static_cast<std::streamsize>(start.size()));
+  return start == kSignature;
+}
+
 void RequireFree(const std::string& file, bool overwrite) {
-  if (overwrite || !std::filesystem::exists(file)) return;
+  if (!std::filesystem::exists(file)) return;
+  if (!IsCompoundFile(file)) {
+    throw RuntimeError(
+        kFileAlreadyExists,
+        "El archivo '" + file + "' no es un libro de Excel y no se sustituye. Elija otro nombre.", kSource);
+  }
+  if (overwrite) return;
   throw RuntimeError(kFileAlreadyExists,
                      "Ya existe el archivo '" + file + "'. Elija otro nombre o permita sobrescribirlo.",
                      kSource);
@@ -47,7 +63,8 @@ void MoveBlock(ADODB::Connection& work, const std::string& folder, const std::st
   const std::string path = PathIn(folder, table + ".mdb");
   const std::string rows = std::to_string(kBlockRows);
   const auto part = MakeWorkDatabase(path);
-  work.Execute("SELECT TOP " + rows + " * INTO " + table + " IN '" + path + "' FROM " + kTable);
+  work.Execute("SELECT TOP " + rows + " * INTO " + table + " IN '" + text::Replace(path, "'", "''") +
+               "' FROM " + kTable);
   work.Execute("DELETE " + kTable + " FROM (SELECT TOP " + rows + " * FROM " + kTable + ") As T1 ");
 
   const std::string sheet =

@@ -34,6 +34,7 @@ TEST(CommandLineTest, RefusesWhatItDoesNotUnderstandWithTheUsage) {
       {"crear", "--carpeta", "/tmp", "--colaborador", "3"},
       {"crear", "--carpeta", "/tmp", "--colaboradores", "0"},
       {"crear", "--carpeta", "/tmp", "--fecha", "31/12/2025"},
+      {"crear", "--carpeta", "/tmp", "--fecha", "0005-01-01"},
       {"exportar-sql", "--carpeta", "/tmp"},
       {"demo", "extra"},
   };
@@ -74,6 +75,10 @@ TEST(CommandLineTest, CreatesAndExportsWithPasswords) {
   EXPECT_EQ(RunWords(words).code, 1);
   words.emplace_back("--sobrescribir");
   EXPECT_EQ(RunWords(words).code, 0);
+  words[4] = folder / "Gestion.mdb";
+  EXPECT_THAT(RunWords(words).err, HasSubstr("no es un libro de Excel"))
+      << "also when it may replace a workbook";
+  words[4] = book;
   words[6] = "SELECT Nombre FROM Provincias WHERE Nombre = 'Oz'";
   EXPECT_THAT(RunWords(words).err, HasSubstr("ninguna fila"));
 }

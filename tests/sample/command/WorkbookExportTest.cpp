@@ -73,17 +73,22 @@ TEST_F(WorkbookExportRunTest, RowsOfTwoSheetsComeOutInOrder) {
 }
 
 TEST_F(WorkbookExportRunTest, AFailureLeavesFilesAsTheyWere) {
-  std::ofstream(file_) << "mine";
+  std::ofstream(file_) << "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1 mine";
   EXPECT_THROW(export_.Run("SELECT Nombre FROM Provincias", file_, false), RuntimeError);
   EXPECT_THROW(export_.Run("SELECT Nada FROM Provincias", file_, true), RuntimeError);
   EXPECT_EQ(export_.Run("SELECT Nombre FROM Provincias WHERE Codigo = '99'", file_, true).rows, 0);
   EXPECT_THROW(export_.Run("SELECT Nombre FROM Provincias", database_.folder / "no/hay/Libro.xls", true),
                RuntimeError);
-  EXPECT_EQ(std::filesystem::file_size(file_), 4U);
+  EXPECT_EQ(std::filesystem::file_size(file_), 13U);
   EXPECT_EQ(Strangers(), 0);
 
   EXPECT_EQ(export_.Run("SELECT Nombre FROM Provincias", file_, true).rows, 52);
   EXPECT_EQ(ReadWorkbook(file_)[0][1][0], "Álava");
+
+  const std::string letter = database_.folder / "Carta.txt";
+  std::ofstream(letter) << "Estimado socio:";
+  EXPECT_THROW(export_.Run("SELECT Nombre FROM Provincias", letter, true), RuntimeError);
+  EXPECT_EQ(std::filesystem::file_size(letter), 15U) << "only a workbook is replaced";
 }
 
 }  // namespace
