@@ -29,7 +29,7 @@ class Raised {
 
 frmPlantillas::frmPlantillas(toolkit::Toolkit& toolkit, controls::Grid& msgSeleccionados,
                              controls::ListBox& lstOrden)
-    : Form(toolkit, kForm), selection_(msgSeleccionados, lstOrden) {
+    : Form(toolkit, kForm), messages_(toolkit), selection_(msgSeleccionados, lstOrden) {
   Caption("Asistente de plantillas");
   int index = 0;
   for (const char* caption : {"&Aceptar", "&Cancelar", "&Eliminar"}) cmdPlantilla.Load(index++, caption);
@@ -130,7 +130,7 @@ void frmPlantillas::Accept() {
     const Raised working(working_);
     if (mbytOperacion == Constants().Salvar()) {
       if (text::Trim(txtPlantilla.Text()).empty()) {
-        Warn("¡Debe introducir datos en el campo nombre de la plantilla!");
+        messages_.Warn("¡Debe introducir datos en el campo nombre de la plantilla!");
         txtPlantilla.SetFocus();
         return;
       }
@@ -147,8 +147,8 @@ void frmPlantillas::Accept() {
 void frmPlantillas::Delete() {
   const Raised working(working_);
   if (!HasSelection()) return;
-  if (!Confirm("Se dispone a eliminar la plantilla '" + lstPlantilla.Text() +
-               "' de la lista.\r¿Desea continuar con el proceso de eliminación?")) {
+  if (!messages_.Ask("Se dispone a eliminar la plantilla '" + lstPlantilla.Text() +
+                     "' de la lista.\r¿Desea continuar con el proceso de eliminación?")) {
     return;
   }
   EliminarPlantilla();
@@ -159,9 +159,8 @@ void frmPlantillas::Delete() {
 bool frmPlantillas::ExistePlantilla() {
   existing_ = TemplateStore::Existing::kNone;
   if (!Store().Exists(txtPlantilla.Text())) return false;
-  Surroundings().Beep();
-  if (!Confirm("La plantilla '" + PrepararTextoSQL(txtPlantilla.Text()) +
-               "' ya existe en la base de datos.\r¿Desea modificar la plantilla existente?")) {
+  if (!messages_.Confirm("La plantilla '" + PrepararTextoSQL(txtPlantilla.Text()) +
+                         "' ya existe en la base de datos.\r¿Desea modificar la plantilla existente?")) {
     return true;
   }
   existing_ = TemplateStore::Existing::kReplace;
@@ -217,18 +216,8 @@ TemplateStore::Progress frmPlantillas::Bar() {
 
 bool frmPlantillas::HasSelection() {
   if (!lstPlantilla.List(lstPlantilla.ListIndex()).empty()) return true;
-  Warn("¡Debe seleccionar una plantilla de la lista de plantillas!");
+  messages_.Warn("¡Debe seleccionar una plantilla de la lista de plantillas!");
   return false;
-}
-
-void frmPlantillas::Warn(const std::string& text) {
-  Surroundings().Beep();
-  Surroundings().MsgBox(text, toolkit::kExclamation, objHost->TituloAplicacion());
-}
-
-bool frmPlantillas::Confirm(const std::string& text) {
-  return Surroundings().MsgBox(text, toolkit::kQuestion + toolkit::kYesNo, objHost->TituloAplicacion()) ==
-         toolkit::kYes;
 }
 
 }  // namespace velmar::templates

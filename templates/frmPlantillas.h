@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/interfaces/FailureReport.h"
+#include "host/interfaces/UserMessages.h"
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/ControlArray.h"
 #include "platform/controls/Label.h"
@@ -74,9 +75,8 @@ class frmPlantillas : public toolkit::Form {
   void EliminarPlantilla();
   /// True if a template is selected in the list; warns if none is.
   bool HasSelection();
-  void Warn(const std::string& text);
-  bool Confirm(const std::string& text);
 
+  UserMessages messages_;
   TemplateControls selection_;
   std::shared_ptr<HostApi> objApi_;
   std::unique_ptr<cConstPlantilla> constants_;

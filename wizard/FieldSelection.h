@@ -1,10 +1,10 @@
 #pragma once
 
+#include "host/interfaces/UserMessages.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/Grid.h"
 #include "platform/controls/ListBox.h"
 #include "wizard/OrderEditor.h"
-#include "wizard/UserMessages.h"
 
 namespace velmar::wizard {
 

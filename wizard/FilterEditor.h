@@ -3,11 +3,11 @@
 #include <string>
 #include <string_view>
 
+#include "host/interfaces/UserMessages.h"
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/Grid.h"
 #include "platform/controls/ListBox.h"
 #include "platform/controls/TextBox.h"
-#include "wizard/UserMessages.h"
 
 namespace velmar::wizard {
 

@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "host/interfaces/UserMessages.h"
 #include "platform/controls/Grid.h"
 #include "platform/controls/ListBox.h"
-#include "wizard/UserMessages.h"
 
 namespace velmar::wizard {
 

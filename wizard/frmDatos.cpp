@@ -41,7 +41,7 @@ class Busy {
 }  // namespace
 
 frmDatos::frmDatos(toolkit::Toolkit& toolkit, const Collection<cCampos>& mcolCampos)
-    : Form(toolkit, kForm), mcolCampos_(mcolCampos) {
+    : Form(toolkit, kForm), messages_(toolkit), mcolCampos_(mcolCampos) {
   Caption("Datos del campo");
   optDatos.Load(kTyped, "Introducir el valor del campo manualmente:");
   optDatos.Load(kPicked, "Seleccionar valor desde base de datos");
@@ -126,7 +126,7 @@ void frmDatos::cmdDatos_Click(int index) {
   } else if (optDatos(kTyped).Value()) {
     mstrValorCampoElegido = txtDatos.Text();
   } else if (lstDatos.SelCount() == 0) {
-    Tell("¡Debe seleccionar un elemento de la lista!", toolkit::kExclamation);
+    messages_.Warn("¡Debe seleccionar un elemento de la lista!");
     return;
   } else {
     mstrValorCampoElegido = lstDatos.List(lstDatos.ListIndex());
@@ -147,14 +147,14 @@ void frmDatos::fillValorCampos() {
   Err.Try([&] { rows = objHost->conGestion()->Execute(ObtenerSQLValorCampo(nombreInterno)); });
   Err.Try([&] { Surroundings().DoEvents(); });
   if (Err.Number() != 0 || rows == nullptr) {
-    Tell("¡No se pueden mostrar valores para el campo,\rpor favor, introduzca un valor manualmente!",
-         toolkit::kExclamation);
+    messages_.Warn(
+        "¡No se pueden mostrar valores para el campo,\rpor favor, introduzca un valor manualmente!");
     return;
   }
 
   if (rows->RecordCount() == 0) {
-    Tell("¡No existen valores para el campo en la bd,\rpor favor, introduzca un valor manualmente!",
-         toolkit::kInformation);
+    messages_.Inform(
+        "¡No existen valores para el campo en la bd,\rpor favor, introduzca un valor manualmente!");
   } else {
     fillLista(*rows, nombreInterno, Err);
   }
@@ -204,11 +204,6 @@ std::string frmDatos::ShownAccount(const std::string& value, std::shared_ptr<cCu
   if (codec == nullptr) codec = CreateCuentaCodec();
   codec->DecodificarTramo(tail);
   return text::Left(value, kPlainLength) + tail;
-}
-
-void frmDatos::Tell(const std::string& text, long style) {
-  Surroundings().Beep();
-  Surroundings().MsgBox(text, style, objHost->TituloAplicacion());
 }
 
 }  // namespace velmar::wizard

@@ -7,6 +7,7 @@
 #include "catalogue/Collection.h"
 #include "catalogue/cCampos.h"
 #include "host/interfaces/FailureReport.h"
+#include "host/interfaces/UserMessages.h"
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/ControlArray.h"
 #include "platform/controls/Frame.h"
@@ -74,8 +75,8 @@ class frmDatos : public toolkit::Form {
   void fillValorCampos();
   void fillLista(ADODB::Recordset& rows, const std::string& nombreInterno, ErrObject& Err);
   std::string ShownAccount(const std::string& value, std::shared_ptr<cCuentaCodec>& codec) const;
-  void Tell(const std::string& text, long style);
 
+  UserMessages messages_;
   const Collection<cCampos>& mcolCampos_;
   controls::OptionGroup modes_;
   std::shared_ptr<HostApi> objApi_;

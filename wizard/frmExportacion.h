@@ -8,6 +8,7 @@
 #include "catalogue/Collection.h"
 #include "catalogue/cCampos.h"
 #include "host/interfaces/FailureReport.h"
+#include "host/interfaces/UserMessages.h"
 #include "host/interfaces/cIFunciones.h"
 #include "platform/toolkit/Form.h"
 #include "query/Selection.h"
@@ -16,7 +17,6 @@
 #include "wizard/FieldSelection.h"
 #include "wizard/FilterEditor.h"
 #include "wizard/OrderEditor.h"
-#include "wizard/UserMessages.h"
 
 namespace ADODB {
 class Connection;

@@ -13,6 +13,7 @@
 #include <sstream>
 
 #include "host/Principal.h"
+#include "host/TestSite.h"
 #include "host/interfaces/TestDatabases.h"
 #include "platform/com/ClassFactory.h"
 #include "platform/com/ClassFile.h"
@@ -29,14 +30,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-class TestSite : public ComponentSite {
- public:
-  explicit TestSite(toolkit::Toolkit& toolkit) : toolkit_(toolkit) {}
-  toolkit::Toolkit& Surroundings() override { return toolkit_; }
-
- private:
-  toolkit::Toolkit& toolkit_;
-};
+using testing::TestSite;
 
 class Component : public ::testing::Test {
  protected:

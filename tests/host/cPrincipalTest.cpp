@@ -5,6 +5,7 @@
 
 #include <functional>
 
+#include "host/TestSite.h"
 #include "host/interfaces/modVelmarExportacion.h"
 #include "platform/toolkit/Form.h"
 #include "wizard/WizardOffice.h"
@@ -19,14 +20,7 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using Calls = std::vector<std::string>;
 
-class TestSite : public ComponentSite {
- public:
-  explicit TestSite(toolkit::Toolkit& toolkit) : toolkit_(toolkit) {}
-  toolkit::Toolkit& Surroundings() override { return toolkit_; }
-
- private:
-  toolkit::Toolkit& toolkit_;
-};
+using testing::TestSite;
 
 class cPrincipalTest : public ::testing::Test {
  protected:

@@ -20,7 +20,6 @@ TEST(WrittenPath, OffersTheWrittenSpellingFirst) {
   const TemporaryFolder folder;
   folder.Touch("DATOS/a");
   folder.Touch("Datos/a");
-  if (NamesIn(folder / "").size() != 2) GTEST_SKIP() << "the disk knows no case";
   std::vector<std::string> visited;
   const WrittenPath written(folder / "Datos/x");
   EXPECT_FALSE(written.VisitFolders([&](const std::filesystem::path& path) {
