@@ -21,6 +21,7 @@ class BareEngine {
   BareEngine(const BareEngine&) = delete;
   BareEngine& operator=(const BareEngine&) = delete;
 
+  const std::string& StagingFile() const noexcept { return stagingFile_; }
   /// CREATE TABLE … AS the statement, in the staging file.
   void Stage(const Clauses& clauses);
   /// The staged rows in their order, with the names of their columns.

@@ -24,9 +24,20 @@
 namespace velmar::bench {
 namespace {
 
-using Step = Measures (*)(const std::string&, long);
-constexpr std::array<std::pair<const char*, Step>, 3> kSteps{
-    {{"exportar", RunExport}, {"suelo", RunFloor}, {"xlsxwriter", RunXlsxWriter}}};
+struct Step {
+  const char* name;
+  Measures (*run)(const std::string& folder, long lastCollaborator);
+  long mostRows;       ///< more take it too long
+  bool alwaysPresent;  ///< the others need something installed
+};
+
+constexpr long kManyRows = 10'000'000;
+constexpr long kFewRows = 100'000;
+constexpr std::array<Step, 5> kSteps{{{"exportar", RunExport, kManyRows, true},
+                                      {"suelo", RunFloor, kManyRows, true},
+                                      {"xlsxwriter", RunXlsxWriter, kManyRows, false},
+                                      {"xlwt", RunXlwt, kFewRows, false},
+                                      {"libreoffice", RunLibreOffice, kFewRows, false}}};
 
 struct Options {
   std::string folder = (std::filesystem::temp_directory_path() / "velmar-banco").string();
@@ -40,21 +51,21 @@ double MiB(double bytes) {
 
 /// The child's part: runs one step and prints its measures.
 int RunStep(const std::string& name, const std::string& folder, long lastCollaborator) {
-  for (const auto& [known, step] : kSteps) {
-    if (name != known) continue;
-    Measures measures = step(folder, lastCollaborator);
+  for (const Step& step : kSteps) {
+    if (name != step.name) continue;
+    Measures measures = step.run(folder, lastCollaborator);
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
-    measures["memoria"] = static_cast<double>(usage.ru_maxrss) * 1024;
+    measures.emplace("memoria", static_cast<double>(usage.ru_maxrss) * 1024);
     for (const auto& [key, value] : measures) std::cout << key << ' ' << value << '\n';
     return 0;
   }
   return 2;
 }
 
-Measures Ask(const std::string& program, const std::string& step, const std::string& folder, long last) {
+Measures Ask(const std::string& program, const Step& step, const std::string& folder, long last) {
   const std::string command =
-      "'" + program + "' --paso " + step + " '" + folder + "' " + std::to_string(last);
+      "'" + program + "' --paso " + step.name + " '" + folder + "' " + std::to_string(last);
   const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
   if (!pipe) throw std::runtime_error("no se puede ejecutar " + command);
   std::string text;
@@ -64,7 +75,7 @@ Measures Ask(const std::string& program, const std::string& step, const std::str
   std::istringstream lines(text);
   std::string key;
   for (double value = 0; lines >> key >> value;) measures[key] = value;
-  if (measures.find("total") == measures.end() && step != "xlsxwriter")
+  if (measures.find("total") == measures.end() && step.alwaysPresent)
     throw std::runtime_error("falla " + command);
   return measures;
 }
@@ -81,7 +92,8 @@ void MakeData(const Options& options, long rows) {
   sample::DatabaseGenerator(generator).Run();
 }
 
-/// The least last collaborator that gives so many rows.
+/// The least last collaborator that gives so many rows. The folder may hold a smaller set of data than is
+/// needed, made for fewer rows.
 long LastCollaborator(const Options& options, long rows) {
   const auto main = sample::OpenDatabase(sample::PathIn(options.folder, sample::kMainFile));
   const auto number = [&](const std::string& sql) {
@@ -89,6 +101,12 @@ long LastCollaborator(const Options& options, long rows) {
   };
   long low = 1;
   long high = number("SELECT Max(IDColaborador) FROM Colaboradores");
+  const long all = number("SELECT Count(*)" + ClausesOf(BenchSelection(high)).rest);
+  if (all < rows) {
+    throw std::runtime_error("Los datos de " + options.folder + " solo dan " + std::to_string(all) +
+                             " filas y se piden " + std::to_string(rows) +
+                             ". Borre la carpeta o elija otra con --carpeta.");
+  }
   while (low < high) {
     const long middle = low + (high - low) / 2;
     const Clauses clauses = ClausesOf(BenchSelection(middle));
@@ -125,14 +143,14 @@ void Print(const Rounds& rounds) {
   const double cpuFloor = rounds.Median("suelo", "total.cpu");
   const double rows = rounds.Median("suelo", "filas");
   std::printf("\n%.0f filas, 12 columnas\n", rows);
-  std::printf("%-34s %9s %7s %9s %7s %11s %8s %9s\n", "paso", "segundos", "suelo=1", "CPU", "suelo=1",
-              "filas/s", "memoria", "fichero");
+  std::printf("%-34s %9s %7s %9s %7s %6s %11s %8s %9s\n", "paso", "segundos", "suelo=1", "CPU", "suelo=1",
+              "parte", "filas/s", "memoria", "fichero");
   const auto line = [&](const std::string& label, const std::string& step, const std::string& key) {
     if (!rounds.Has(step, key)) return;
     const double seconds = rounds.Median(step, key);
     const double cpu = rounds.Median(step, key + ".cpu");
-    std::printf("%-34s %9.3f %7.2f %9.3f %7.2f %11.0f", label.c_str(), seconds, seconds / floor, cpu,
-                cpu / cpuFloor, rows / seconds);
+    std::printf("%-34s %9.3f %7.2f %9.3f %7.2f %5.0f%% %11.0f", label.c_str(), seconds, seconds / floor, cpu,
+                cpu / cpuFloor, 100 * cpu / rounds.Median(step, "total.cpu"), rows / seconds);
     if (key == "total") {
       std::printf(" %4.0f MiB %5.0f MiB", MiB(rounds.Median(step, "memoria")),
                   MiB(rounds.Median(step, "octetos")));
@@ -147,7 +165,11 @@ void Print(const Rounds& rounds) {
                             "cuentas", "hojas", "finalizacion"}) {
     line(std::string("  ") + stage, "exportar", stage);
   }
-  line("libxlsxwriter (solo celdas)", "xlsxwriter", "total");
+  line("libxlsxwriter, .xlsx", "xlsxwriter", "total");
+  line("  sentencia, el motor solo", "xlsxwriter", "sentencia");
+  line("  celdas", "xlsxwriter", "celdas");
+  line("xlwt, .xls, solo celdas", "xlwt", "total");
+  line("LibreOffice, .csv a .xls", "libreoffice", "total");
 }
 
 int Main(const Options& options, const std::string& program) {
@@ -156,7 +178,9 @@ int Main(const Options& options, const std::string& program) {
     const long last = LastCollaborator(options, rows);
     Rounds rounds;
     for (int round = 0; round < options.rounds; ++round) {
-      for (const auto& [step, unused] : kSteps) rounds.Add(step, Ask(program, step, options.folder, last));
+      for (const Step& step : kSteps) {
+        if (rows <= step.mostRows) rounds.Add(step.name, Ask(program, step, options.folder, last));
+      }
     }
     Print(rounds);
   }

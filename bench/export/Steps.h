@@ -37,7 +37,12 @@ Measures RunExport(const std::string& folder, long lastCollaborator);
 /// The floor: the statement by the engine alone into a file without journal and sync, and the bare encoding
 /// and writing of the cells of the staged rows.
 Measures RunFloor(const std::string& folder, long lastCollaborator);
-/// The same cells written by libxlsxwriter, in constant memory; empty where it is not installed.
+/// The same statement, and its cells written by libxlsxwriter, in constant memory; empty where it is not
+/// installed.
 Measures RunXlsxWriter(const std::string& folder, long lastCollaborator);
+/// The staged cells written by Python's xlwt, and a CSV file of them converted by LibreOffice, both to the
+/// Excel 97 format and without the time of the statement; empty where the program is not installed.
+Measures RunXlwt(const std::string& folder, long lastCollaborator);
+Measures RunLibreOffice(const std::string& folder, long lastCollaborator);
 
 }  // namespace velmar::bench

@@ -21,7 +21,7 @@ std::string Attachments::AliasFor(const std::string& path, const std::string& pa
       return attachment.alias;
     }
   }
-  const std::string alias = "db" + std::to_string(++lastNumber_);
+  std::string alias = "db" + std::to_string(++lastNumber_);
   database_->Attach(*found, alias);
   try {
     RequirePassword(*database_, alias, file, password);

@@ -8,6 +8,7 @@
 #include "platform/ado/Statement.h"
 #include "platform/ado/TableNames.h"
 #include "platform/error/ErrorNumber.h"
+#include "platform/error/OperationObserver.h"
 #include "platform/error/RuntimeError.h"
 #include "platform/jet/Translation.h"
 
@@ -49,7 +50,7 @@ std::string InsertText(Database& database, std::string_view table, const std::ve
 class BulkInsert::Writer : public SessionUser {
  public:
   Writer(std::shared_ptr<Session> session, std::string_view table, const std::vector<std::string>& columns)
-      : SessionUser(std::move(session)), columnCount_(static_cast<int>(columns.size())) {
+      : SessionUser(std::move(session)), table_(table), columnCount_(static_cast<int>(columns.size())) {
     Owner().EndBatch();
     insert_.emplace(Owner().Engine(), InsertText(Owner().Engine(), table, columns));
   }
@@ -65,6 +66,7 @@ class BulkInsert::Writer : public SessionUser {
     Session& session = Owner();
     if (cell_ != columnCount_) RaiseCount(cell_);
     cell_ = 0;
+    velmar::OperationObserver::Announce(velmar::Operation::kWriteRow, table_);
     session.BeforeRowWrite();
     insert_->Step();
     insert_->Reset();
@@ -82,6 +84,7 @@ class BulkInsert::Writer : public SessionUser {
                        kSource);
   }
 
+  std::string table_;
   std::optional<Statement> insert_;
   int columnCount_;
   int cell_ = 0;

@@ -12,9 +12,10 @@ void Catalog::Create(const std::string& connectionText) {
   const ADODB::ConnectionText settings(connectionText);
   const std::string path = settings.DataSource();
   if (const auto existing = velmar::files::Resolve(path)) {
-    throw velmar::RuntimeError(velmar::kFileAlreadyExists,
-                               "No se ha creado la base de datos: ya existe " + *existing + ".",
-                               "ADOX.Catalog");
+    throw velmar::RuntimeError(
+        velmar::kFileAlreadyExists,
+        "No se ha creado la base de datos: ya existe " + *existing + ". Bórrelo o elija otro nombre.",
+        "ADOX.Catalog");
   }
   ADODB::DatabaseFile file(velmar::files::ResolveForCreation(path));
   file.Initialise(settings.Flag(ADODB::kScratchKey), settings.Value(ADODB::kPasswordKey));

@@ -30,7 +30,7 @@ std::string RealPath(const std::string& path) {
 
 Connection::Connection() = default;
 
-Connection::Connection(std::string connectionString) {
+Connection::Connection(const std::string& connectionString) {
   ConnectionString(connectionString);
 }
 

@@ -23,7 +23,7 @@ inline constexpr long kStateOpen = 1;
 class Connection {
  public:
   Connection();
-  explicit Connection(std::string connectionString);
+  explicit Connection(const std::string& connectionString);
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;

@@ -6,6 +6,7 @@
 #include "platform/ado/EngineFailure.h"
 #include "platform/ado/Statement.h"
 #include "platform/ado/TableNames.h"
+#include "platform/error/OperationObserver.h"
 #include "platform/jet/Engine.h"
 #include "platform/jet/Translation.h"
 
@@ -43,6 +44,7 @@ Database::Database(const std::string& path) : files_{{"main", path}}, identity_(
 }
 
 void Database::OpenHandle() {
+  velmar::OperationObserver::Announce(velmar::Operation::kOpenDatabase, Path());
   sqlite3* handle = nullptr;
   const int code = sqlite3_open_v2(
       Path().c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
@@ -73,6 +75,7 @@ std::int64_t Database::Number(const std::string& sql) {
 }
 
 void Database::Attach(const std::string& path, const std::string& alias) {
+  velmar::OperationObserver::Announce(velmar::Operation::kAttachDatabase, path);
   RequireDatabaseFile(path);
   files_.insert_or_assign(alias, path);
   const Concerning concerning(*this, alias);
@@ -112,6 +115,14 @@ bool Database::InTransaction() const noexcept {
   return sqlite3_get_autocommit(handle_.get()) == 0;
 }
 
+std::int64_t Database::OwnChanges() const noexcept {
+  return sqlite3_total_changes64(handle_.get()) + directChanges_;
+}
+
+std::int64_t Database::OthersChanges() {
+  return Number("PRAGMA main.data_version");
+}
+
 /// The first read of the file: it finds a foreign or truncated one and brings back a journal that was left.
 void Database::Configure(const std::string& alias) {
   const std::string prefix = "PRAGMA " + velmar::jet::QuoteIdentifier(alias) + ".";
@@ -122,6 +133,8 @@ void Database::Configure(const std::string& alias) {
   // another program that cuts one short would end this one.
   Run(prefix + (alias == "main" ? "cache_size = -32768" : "cache_size = -8192"));
   Run(prefix + "mmap_size = 0");
+  // What is deleted in a scratch file need not be overwritten: the whole file is soon deleted too.
+  if (scratch) Run(prefix + "secure_delete = OFF");
   // The engine allows no change of durability inside a transaction; full durability is what it starts with.
   if (!InTransaction()) Run(prefix + (scratch ? "synchronous = OFF" : "synchronous = FULL"));
 }

@@ -66,6 +66,13 @@ class Database {
 
   bool InTransaction() const noexcept;
 
+  /// Grows with every row that this connection writes; what a transaction takes back does not lower it.
+  std::int64_t OwnChanges() const noexcept;
+  /// Differs from an earlier one if another connection has written to the main file in between.
+  std::int64_t OthersChanges();
+  /// For a row that was written past the engine's own count.
+  void NoteDirectChange() noexcept { ++directChanges_; }
+
   /// While one exists, texts may name the system table, which is closed to statements otherwise.
   class SystemAccess {
    public:
@@ -123,6 +130,7 @@ class Database {
   int engineAccess_ = 0;
   std::string concern_;
   std::string refused_;
+  std::int64_t directChanges_ = 0;
 };
 
 }  // namespace ADODB

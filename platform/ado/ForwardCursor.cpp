@@ -2,6 +2,7 @@
 
 #include "platform/ado/Session.h"
 #include "platform/error/ErrorNumber.h"
+#include "platform/error/OperationObserver.h"
 #include "platform/error/RuntimeError.h"
 
 namespace ADODB {
@@ -43,6 +44,7 @@ void ForwardCursor::FreeStatements() noexcept {
 }
 
 void ForwardCursor::Advance() {
+  velmar::OperationObserver::Announce(velmar::Operation::kReadRow, translation_.sql);
   if (select_->Step()) return;
   eof_ = true;
   select_.reset();  // the read lock goes with the last row

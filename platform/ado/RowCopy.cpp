@@ -2,7 +2,11 @@
 
 #include <sqlite3.h>
 
+#include <numeric>
+
 #include "platform/ado/Database.h"
+#include "platform/ado/DistinctMemory.h"
+#include "platform/ado/RepeatedRows.h"
 #include "platform/ado/Savepoint.h"
 #include "platform/ado/Statement.h"
 #include "platform/ado/TableNames.h"
@@ -51,8 +55,8 @@ void RefuseExistingTable(Database& database, const velmar::jet::TargetTable& tar
       kSource, target.span);
 }
 
-RowCopy::RowCopy(Database& database, const velmar::jet::Translation& translation)
-    : database_(database), translation_(translation) {
+RowCopy::RowCopy(Database& database, const velmar::jet::Translation& translation, DistinctMemory& memory)
+    : database_(database), translation_(translation), memory_(memory) {
   columns_ = ColumnsOf(Statement(database_, translation_.sql, &translation_), translation_);
 }
 
@@ -72,12 +76,24 @@ std::int64_t RowCopy::CreateTable() {
   }
   Savepoint savepoint(database_);
   database_.Run(velmar::jet::CreateTableText(target, columns));
+  bool distinct = false;
+  const std::int64_t rows = FillTable(distinct);
+  savepoint.Release();
+  memory_.Forget();
+  if (distinct && target.alias == "main" && !database_.InTransaction()) memory_.Note(target.table);
+  return rows;
+}
+
+/// distinct: whether the new table is known to hold no two equal rows.
+std::int64_t RowCopy::FillTable(bool& distinct) {
+  const velmar::jet::TargetTable& target = *translation_.target;
+  if (const auto repeated = RepeatedRows::Of(database_, translation_, memory_)) {
+    distinct = repeated->CopyIsDistinct();
+    return repeated->CopyOthers(target);
+  }
   Statement insert(database_, velmar::jet::InsertText(target, {}, translation_.sql), &translation_);
   insert.Step();
-  const std::int64_t rows = sqlite3_changes64(database_.Handle());
-  insert.Reset();
-  savepoint.Release();
-  return rows;
+  return sqlite3_changes64(database_.Handle());
 }
 
 std::int64_t RowCopy::AppendToTable() {
@@ -98,8 +114,8 @@ std::int64_t RowCopy::AppendToTable() {
 
 std::int64_t RowCopy::CreateSheet() {
   Workbook workbook = WorkbookAt(translation_.target->excelFile);
-  std::vector<int> cells;
-  for (int column = 0; column < static_cast<int>(columns_.size()); ++column) cells.push_back(column);
+  std::vector<int> cells(columns_.size());
+  std::iota(cells.begin(), cells.end(), 0);
   const auto writer = workbook.CreateSheet(translation_.target->table, NamesOf(columns_));
   return FillSheet(*writer, cells);
 }

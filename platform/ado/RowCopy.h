@@ -17,6 +17,7 @@ struct TargetTable;
 namespace ADODB {
 
 class Database;
+class DistinctMemory;
 
 /// kTableExists with the place in the Jet text if the database has a table of this name, regardless of case.
 void RefuseExistingTable(Database& database, const velmar::jet::TargetTable& target);
@@ -25,14 +26,15 @@ void RefuseExistingTable(Database& database, const velmar::jet::TargetTable& tar
 /// attached database or a sheet of a workbook. All rows or none.
 class RowCopy {
  public:
-  /// Both must outlive the copy; the databases that the translation names are attached.
-  RowCopy(Database& database, const velmar::jet::Translation& translation);
+  /// All must outlive the copy; the databases that the translation names are attached.
+  RowCopy(Database& database, const velmar::jet::Translation& translation, DistinctMemory& memory);
 
   /// The number of rows that were written.
   std::int64_t Run();
 
  private:
   std::int64_t CreateTable();
+  std::int64_t FillTable(bool& distinct);
   std::int64_t AppendToTable();
   std::int64_t CreateSheet();
   std::int64_t AppendToSheet();
@@ -43,6 +45,7 @@ class RowCopy {
 
   Database& database_;
   const velmar::jet::Translation& translation_;
+  DistinctMemory& memory_;
   std::vector<Column> columns_;
 };
 

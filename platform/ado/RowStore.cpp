@@ -9,7 +9,7 @@
 namespace ADODB {
 namespace {
 
-constexpr std::size_t kBlockBytes = 256 * 1024;
+constexpr std::size_t kBlockBytes = std::size_t{256} * 1024;
 
 /// A cell is one tag and what the tag says.
 enum Tag : char { kNull, kByte, kWhole, kDouble, kShortText, kLongText };

@@ -14,7 +14,9 @@
 #include "platform/ado/Statement.h"
 #include "platform/ado/StaticCursor.h"
 #include "platform/ado/StoredCursor.h"
+#include "platform/ado/TableNames.h"
 #include "platform/error/ErrorNumber.h"
+#include "platform/error/OperationObserver.h"
 #include "platform/jet/NameMap.h"
 #include "platform/jet/Translation.h"
 
@@ -43,7 +45,7 @@ bool Defines(StatementKind kind) {
 }  // namespace
 
 Session::Session(const std::string& path)
-    : database_(std::make_unique<Database>(path)), attachments_(*database_) {}
+    : database_(std::make_unique<Database>(path)), attachments_(*database_), distinct_(*database_) {}
 
 std::shared_ptr<Session> Session::Open(const std::string& path, const std::string& password) {
   std::shared_ptr<Session> session(new Session(path));
@@ -93,6 +95,7 @@ void Session::Commit() {
         "cambios.",
         kSource);
   }
+  velmar::OperationObserver::Announce(velmar::Operation::kCommit, database_->Path());
   database_->Run("COMMIT");
   transaction_ = false;
   attachments_.Release();
@@ -115,7 +118,9 @@ void Session::BeforeRowWrite() {
 
 void Session::EndBatch() {
   if (!batch_) return;
+  for (SessionUser* user : users_) user->BeforeCommit();
   if (database_->InTransaction()) {
+    velmar::OperationObserver::Announce(velmar::Operation::kCommit, database_->Path());
     database_->Run("COMMIT");
     batch_ = false;
     return;
@@ -145,6 +150,7 @@ Translation Session::Translate(std::string_view text, bool* others) {
 }
 
 std::unique_ptr<Cursor> Session::Execute(std::string_view text, long* affected) {
+  velmar::OperationObserver::Announce(velmar::Operation::kStatement, text);
   EndBatch();
   const Attachments::Scope scope(attachments_);
   const Translation translation = Translate(text);
@@ -157,27 +163,38 @@ std::unique_ptr<Cursor> Session::Execute(std::string_view text, long* affected) 
       break;
     case StatementKind::kSelectInto:
     case StatementKind::kInsertSelect:
-      rows = RowCopy(*database_, translation).Run();
+      rows = RowCopy(*database_, translation, distinct_).Run();
       break;
-    case StatementKind::kCreateTable:
-      RefuseExistingTable(*database_, *translation.target);
-      [[fallthrough]];
-    default: {
-      std::optional<Database::EngineAccess> access;
-      if (Defines(translation.kind)) access.emplace(*database_);
-      const std::int64_t before = sqlite3_total_changes64(database_->Handle());
-      Statement statement(*database_, translation.sql, &translation);
-      while (statement.Step()) {
-      }
-      if (sqlite3_total_changes64(database_->Handle()) != before)
-        rows = sqlite3_changes64(database_->Handle());
-    }
+    default:
+      rows = Run(translation);
   }
   if (affected != nullptr) *affected = static_cast<long>(rows);
   return cursor;
 }
 
+/// What is neither a SELECT nor a copy of rows; the number of rows that were written.
+std::int64_t Session::Run(const Translation& translation) {
+  if (translation.kind == StatementKind::kCreateTable) RefuseExistingTable(*database_, *translation.target);
+  // Another table's end changes nothing about a table that is remembered.
+  auto remembered = translation.kind == StatementKind::kDropTable ? distinct_.Table() : std::nullopt;
+  if (remembered && SameName(*remembered, translation.target->table)) remembered.reset();
+  distinct_.Forget();
+  std::optional<Database::EngineAccess> access;
+  if (Defines(translation.kind)) access.emplace(*database_);
+  const std::int64_t before = sqlite3_total_changes64(database_->Handle());
+  {
+    Statement statement(*database_, translation.sql, &translation);
+    while (statement.Step()) {
+    }
+  }
+  const bool wrote = sqlite3_total_changes64(database_->Handle()) != before;
+  const std::int64_t rows = wrote ? sqlite3_changes64(database_->Handle()) : 0;
+  if (remembered && !transaction_) distinct_.Note(*remembered);
+  return rows;
+}
+
 std::unique_ptr<Cursor> Session::OpenCursor(std::string_view source, long cursorType, long lockType) {
+  velmar::OperationObserver::Announce(velmar::Operation::kOpenRows, source);
   EndBatch();
   const Attachments::Scope scope(attachments_);
   const std::string text = SelectOf(source);
@@ -199,7 +216,9 @@ std::unique_ptr<Cursor> Session::OpenCursor(std::string_view source, long cursor
   } else if (others) {
     cursor = std::make_unique<StoredCursor>(shared_from_this(), translation);
   } else {
-    cursor = std::make_unique<StaticCursor>(shared_from_this(), std::move(translation));
+    // The keys alone are counted faster than whole rows.
+    const std::string counted = table ? Translate(table->keys).sql : translation.sql;
+    cursor = std::make_unique<StaticCursor>(shared_from_this(), std::move(translation), counted);
   }
   if (table && lockType != kLockReadOnly) cursor->Table(table->table);
   return cursor;

@@ -7,6 +7,7 @@
 
 #include "platform/ado/Attachments.h"
 #include "platform/ado/Database.h"
+#include "platform/ado/DistinctMemory.h"
 
 namespace velmar::jet {
 struct Translation;
@@ -47,6 +48,8 @@ class Session : public std::enable_shared_from_this<Session> {
   /// To be called before a single row is written.
   void BeforeRowWrite();
   void EndBatch();
+  /// True while rows are gathered in the batch: nobody else writes to the file until it ends.
+  bool InBatch() const noexcept { return batch_ && database_->InTransaction(); }
 
   /// Attaches what the text names; an Attachments::Scope of the caller lets go of it. others, if given, tells
   /// whether the text names another database.
@@ -64,9 +67,11 @@ class Session : public std::enable_shared_from_this<Session> {
 
  private:
   explicit Session(const std::string& path);
+  std::int64_t Run(const velmar::jet::Translation& translation);
 
   std::unique_ptr<Database> database_;
   Attachments attachments_;
+  DistinctMemory distinct_;
   std::vector<SessionUser*> users_;
   bool transaction_ = false;
   bool batch_ = false;

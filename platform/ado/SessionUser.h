@@ -18,6 +18,8 @@ class SessionUser {
   bool IsOpen() const noexcept { return session_ != nullptr; }
   /// Called by the session when it closes.
   void LetGo() noexcept;
+  /// Called by the session before it commits the rows that were written one by one.
+  virtual void BeforeCommit() noexcept {}
 
  protected:
   /// kObjectClosed once the session has been closed.

@@ -112,6 +112,10 @@ Statement::Kind Statement::KindOf(int column) const noexcept {
   }
 }
 
+bool Statement::IsText(int column) const noexcept {
+  return sqlite3_column_type(handle_, column) == SQLITE_TEXT;
+}
+
 std::int64_t Statement::Long(int column) const noexcept {
   return sqlite3_column_int64(handle_, column);
 }

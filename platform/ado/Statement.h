@@ -51,6 +51,8 @@ class Statement {
   std::string OriginTable(int column) const;
   std::string OriginColumn(int column) const;
   Kind KindOf(int column) const noexcept;
+  /// True for a text, false for bytes of no kind too, which KindOf takes for one.
+  bool IsText(int column) const noexcept;
   std::int64_t Long(int column) const noexcept;
   double Double(int column) const noexcept;
   std::string_view Text(int column) const noexcept;

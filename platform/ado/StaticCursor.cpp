@@ -1,7 +1,5 @@
 #include "platform/ado/StaticCursor.h"
 
-#include <sqlite3.h>
-
 #include "platform/ado/Session.h"
 #include "platform/ado/Statement.h"
 #include "platform/error/ErrorNumber.h"
@@ -9,11 +7,12 @@
 
 namespace ADODB {
 
-StaticCursor::StaticCursor(std::shared_ptr<Session> session, velmar::jet::Translation translation)
+StaticCursor::StaticCursor(std::shared_ptr<Session> session, velmar::jet::Translation translation,
+                           const std::string& counted)
     : CountedCursor(std::move(session)), translation_(std::move(translation)) {
   Database& database = Owner().Engine();
   Columns(ColumnsOf(Statement(database, translation_.sql, &translation_), translation_));
-  Count(static_cast<std::size_t>(database.Number("SELECT count(*) FROM (" + translation_.sql + ")")));
+  Count(static_cast<std::size_t>(database.Number("SELECT count(*) FROM (" + counted + ")")));
   version_ = CurrentVersion();
   if (RecordCount() <= static_cast<long>(kRowsReadAtOnce)) Read();
 }
@@ -25,7 +24,7 @@ Variant StaticCursor::StoredValue(std::size_t column) {
 
 StaticCursor::Version StaticCursor::CurrentVersion() const {
   Database& database = Owner().Engine();
-  return {sqlite3_total_changes64(database.Handle()), database.Number("PRAGMA main.data_version")};
+  return {database.OwnChanges(), database.OthersChanges()};
 }
 
 void StaticCursor::Read() {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 
 #include "platform/ado/CountedCursor.h"
 #include "platform/ado/RowStore.h"
@@ -15,8 +16,10 @@ class StaticCursor : public CountedCursor {
  public:
   static constexpr std::size_t kRowsReadAtOnce = 10'000;
 
-  /// The text names no other database than the connection's own.
-  StaticCursor(std::shared_ptr<Session> session, velmar::jet::Translation translation);
+  /// The text names no other database than the connection's own. counted is engine text that gives as many
+  /// rows.
+  StaticCursor(std::shared_ptr<Session> session, velmar::jet::Translation translation,
+               const std::string& counted);
 
  protected:
   Variant StoredValue(std::size_t column) override;

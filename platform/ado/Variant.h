@@ -33,6 +33,8 @@ class Variant {
 
   /// Numbers as the engine shows them ("10", "0.3"), Booleans as "-1" and "0". Null is an error.
   std::string AsText() const;
+  /// The text itself, only if IsText.
+  const std::string& Text() const { return std::get<std::string>(value_); }
   /// As AsText, with Null as the empty text.
   std::string TextOrEmpty() const;
   /// Fractions are rounded to the nearest whole number, halves to the even one; True is -1.

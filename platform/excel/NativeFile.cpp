@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "platform/error/OperationObserver.h"
 #include "platform/excel/WorkbookErrors.h"
 
 namespace velmar::excel {
@@ -31,11 +32,13 @@ std::uint64_t NativeFile::Size() const {
 }
 
 void NativeFile::Resize(std::uint64_t size) {
+  OperationObserver::Announce(Operation::kResizeFile, path_);
   if (ftruncate(descriptor_, static_cast<off_t>(size)) != 0)
     throw WorkbookErrors::System(errno, "escribir en", path_);
 }
 
 void NativeFile::Lock() {
+  OperationObserver::Announce(Operation::kLockFile, path_);
   if (flock(descriptor_, LOCK_EX | LOCK_NB) == 0) return;
   if (errno == EWOULDBLOCK) throw WorkbookErrors::InUse(path_);
   // Some network drives know no locks; the comparison before each write must do there.
@@ -44,6 +47,7 @@ void NativeFile::Lock() {
 }
 
 void NativeFile::Publish() {
+  OperationObserver::Announce(Operation::kPublishFile, path_);
   int result = 0;
   if (kind_ == Kind::kNameless) {
     const std::string self = "/proc/self/fd/" + std::to_string(descriptor_);
@@ -60,6 +64,7 @@ void NativeFile::Publish() {
 }
 
 void NativeFile::DoRead(std::uint64_t offset, std::span<std::uint8_t> bytes) {
+  OperationObserver::Announce(Operation::kReadFile, path_);
   while (!bytes.empty()) {
     const ssize_t count = pread(descriptor_, bytes.data(), bytes.size(), static_cast<off_t>(offset));
     if (count < 0 && errno == EINTR) continue;
@@ -71,6 +76,7 @@ void NativeFile::DoRead(std::uint64_t offset, std::span<std::uint8_t> bytes) {
 }
 
 void NativeFile::DoWrite(std::uint64_t offset, std::span<const std::uint8_t> bytes) {
+  OperationObserver::Announce(Operation::kWriteFile, path_);
   while (!bytes.empty()) {
     const ssize_t count = pwrite(descriptor_, bytes.data(), bytes.size(), static_cast<off_t>(offset));
     if (count < 0 && errno == EINTR) continue;

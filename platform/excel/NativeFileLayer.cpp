@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "platform/error/OperationObserver.h"
 #include "platform/excel/NativeFile.h"
 #include "platform/excel/WorkbookErrors.h"
 
@@ -18,6 +19,7 @@ namespace {
 constexpr mode_t kMode = 0666;
 
 std::unique_ptr<File> Open(const std::string& path, int flags, const char* doing) {
+  OperationObserver::Announce(Operation::kOpenFile, path);
   const int descriptor = open(path.c_str(), flags | O_CLOEXEC);
   if (descriptor < 0) {
     if (errno == ENOENT) throw WorkbookErrors::NoFile(path);
@@ -51,6 +53,7 @@ std::unique_ptr<File> NativeFileLayer::OpenForWriting(const std::string& path) {
 }
 
 std::unique_ptr<File> NativeFileLayer::Create(const std::string& path) {
+  OperationObserver::Announce(Operation::kCreateFile, path);
   const std::filesystem::path target(path);
   const std::filesystem::path folder = target.has_parent_path() ? target.parent_path() : ".";
   int descriptor = open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kMode);

@@ -5,6 +5,7 @@
 
 #include "platform/excel/ByteReader.h"
 #include "platform/excel/Digest.h"
+#include "platform/excel/SheetRecords.h"
 
 namespace velmar::excel {
 
@@ -75,6 +76,25 @@ void WriteFixed(ByteWriter& out, const WorkbookState& state) {
   }
 }
 
+void CheckArea(const StreamArea& area, std::uint32_t sectorCount) {
+  if (area.sectors > sectorCount || area.TailPosition() >= area.sectors) throw DamagedFile();
+  for (const auto& [position, sector] : area.known)
+    if (position >= area.sectors || sector >= sectorCount) throw DamagedFile();
+}
+
+// All places lie within the file, and those that a statement will change within its last sheet.
+void CheckPlaces(const WorkbookState& state) {
+  if (state.headStart > state.sectorCount || state.headSectors == 0 ||
+      state.headSectors > state.sectorCount - state.headStart)
+    throw DamagedFile();
+  CheckArea(state.stringArea, state.sectorCount);
+  CheckArea(state.sheetArea, state.sectorCount);
+  const std::uint64_t rowsEnd = std::uint64_t{state.sheets.back().offset} + SheetRecords::kRowsPlace + 4;
+  if (rowsEnd > state.sheetArea.tailOffset) throw DamagedFile();
+  const auto isNone = [](std::uint32_t rows) { return rows == 0 || rows > 0x10000; };
+  if (std::any_of(state.sheetRows.begin(), state.sheetRows.end(), isNone)) throw DamagedFile();
+}
+
 }  // namespace
 
 std::size_t WorkbookState::EncodedSize(std::size_t freeCount) const {
@@ -125,6 +145,7 @@ WorkbookState WorkbookState::Decode(std::span<const std::uint8_t> bytes) {
   if (sheets == 0) throw DamagedFile();
   state.freeSectors.resize(ReadCount(in));
   for (std::uint32_t& sector : state.freeSectors) sector = in.U32();
+  CheckPlaces(state);
   return state;
 }
 

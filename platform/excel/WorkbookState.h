@@ -44,7 +44,7 @@ struct WorkbookState {
   std::size_t EncodedSize(std::size_t freeCount) const;
   /// Of exactly this size. The last free sectors are left out if there is no room for them: they stay unused.
   ByteWriter Encode(std::size_t size) const;
-  /// DamagedFile if the bytes are not what Encode has written.
+  /// DamagedFile if the bytes are not what Encode has written, or name places where no workbook has any.
   static WorkbookState Decode(std::span<const std::uint8_t> bytes);
 };
 

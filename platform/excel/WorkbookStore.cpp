@@ -21,7 +21,8 @@ constexpr std::uint64_t kLongestFile = 0x7FFFFFFF;
 
 std::vector<std::uint8_t> ReadSectors(File& file, std::uint32_t first, std::uint32_t count) {
   if (std::uint64_t{first} + count > kLongestFile / kSector) throw DamagedFile();
-  std::vector<std::uint8_t> bytes(std::size_t{count} * kSector);
+  // A count that goes beyond the file's end fails in reading, and must not take the memory first.
+  std::vector<std::uint8_t> bytes(std::min(std::uint64_t{count} * kSector, file.Size()));
   file.Read(CompoundFile::Offset(first), bytes);
   return bytes;
 }
@@ -49,6 +50,9 @@ WorkbookStore::WorkbookStore(std::string path, FileLayer& layer, Purpose purpose
     image_ = ReadImage(*file);
     state_ = WorkbookState::Decode(image_.stateBytes);
     if (file->Size() < CompoundFile::Offset(state_.sectorCount)) throw WorkbookErrors::Truncated(path_);
+    if (image_.header.directorySector >= state_.sectorCount ||
+        image_.directory.stateStart + image_.directory.stateSize / kSector > state_.sectorCount)
+      throw DamagedFile();
     const auto head = ReadSectors(*file, state_.headStart, state_.headSectors);
     if (state_.digest != DigestOf(image_.headerBytes, image_.directoryBytes, head) ||
         image_.directory.workbookStart != state_.headStart || image_.directory.workbookSize != StreamSize())
@@ -149,7 +153,8 @@ std::set<std::uint32_t> WorkbookStore::PatchRows(const Statement& statement, Sec
     const std::uint32_t offset = place + i;
     const auto value = static_cast<std::uint8_t>(statement.rows >> 8 * i);
     positions.insert(offset / kSector);
-    if (offset >= tailStart) {
+    // A file that is only being made has all its records there.
+    if (file == nullptr || offset >= tailStart) {
       statement.sheetRecords.Patch8(offset - tailStart, value);
       continue;
     }
@@ -202,8 +207,9 @@ ByteWriter WorkbookStore::Plan(const Statement& statement, SectorMap& map, Secto
 
   // A statement needs some thirty free sectors and a gap for the DIFAT; others may be forgotten.
   constexpr std::size_t kFreeSectors = 128;
-  const std::size_t stateSize = std::max<std::size_t>(
-      CompoundFile::kLeastStream, state_.EncodedSize(kFreeSectors + 2 * image_.header.difatSectors));
+  const std::size_t stateSize =
+      std::max<std::size_t>(CompoundFile::kLeastStream,
+                            state_.EncodedSize(kFreeSectors + std::size_t{2} * image_.header.difatSectors));
   CompoundFile::Header header;
   CompoundFile::Directory directory;
   header.directorySector = map.Take(1, SectorMap::Fit::kRoomy);

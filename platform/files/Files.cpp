@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "platform/error/ErrorNumber.h"
+#include "platform/error/OperationObserver.h"
 #include "platform/error/RuntimeError.h"
 #include "platform/files/NamePattern.h"
 #include "platform/files/WrittenPath.h"
@@ -48,6 +49,16 @@ std::error_code Delete(const fs::path& path) {
   return error;
 }
 
+void RequireDeleted(const std::string& file) {
+  OperationObserver::Announce(Operation::kDeleteFile, file);
+  const std::error_code error = Delete(FromText(file));
+  if (!error) return;
+  throw RuntimeError(kPermissionDenied,
+                     "No se puede borrar el fichero \"" + file + "\" (" + error.message() +
+                         "). Compruebe que no es de sólo lectura y que tiene permiso sobre su carpeta.",
+                     "Kill");
+}
+
 }  // namespace
 
 std::vector<std::string> Matches(std::string_view path) {
@@ -73,12 +84,10 @@ void Kill(std::string_view path) {
   }
   std::optional<RuntimeError> failure;
   for (const std::string& file : found) {
-    const std::error_code error = Delete(FromText(file));
-    if (error && !failure) {
-      failure.emplace(kPermissionDenied,
-                      "No se puede borrar el fichero \"" + file + "\" (" + error.message() +
-                          "). Compruebe que no es de sólo lectura y que tiene permiso sobre su carpeta.",
-                      "Kill");
+    try {
+      RequireDeleted(file);
+    } catch (const RuntimeError& error) {
+      if (!failure) failure = error;
     }
   }
   if (failure) throw *failure;

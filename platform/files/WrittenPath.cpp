@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/error/ErrorNumber.h"
+#include "platform/error/OperationObserver.h"
 #include "platform/error/RuntimeError.h"
 #include "platform/text/Collation.h"
 
@@ -63,6 +64,7 @@ bool WrittenPath::VisitFolders(const Visit& visit) const {
 std::vector<std::string> NamesIn(const std::filesystem::path& folder) {
   std::error_code error;
   const std::filesystem::path real = Readable(folder);
+  OperationObserver::Announce(Operation::kListFolder, ToText(real));
   std::vector<std::string> names = NamesIn(real, error);
   if (error == std::errc::permission_denied) {
     throw RuntimeError(

@@ -151,7 +151,7 @@ std::int64_t Days(double date) {
 std::int64_t Seconds(double date) {
   const DateParts parts = *PartsOf(date);
   return Days(*DateOf({parts.year, parts.month, parts.day, 0, 0, 0})) * 86400 +
-         (parts.hour * 60 + parts.minute) * 60 + parts.second;
+         (std::int64_t{parts.hour} * 60 + parts.minute) * 60 + parts.second;
 }
 
 std::int64_t FloorDivide(std::int64_t number, std::int64_t divisor) {

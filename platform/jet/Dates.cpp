@@ -184,13 +184,15 @@ std::string DateText(double date) {
   const bool hasTime = parts->hour != 0 || parts->minute != 0 || parts->second != 0;
   const bool hasDay = std::trunc(date) != 0 || !hasTime;
   if (hasDay) {
-    std::snprintf(buffer.data(), buffer.size(), "%02d/%02d/%04d", parts->day, parts->month, parts->year);
-    text = buffer.data();
+    const int length =
+        std::snprintf(buffer.data(), buffer.size(), "%02d/%02d/%04d", parts->day, parts->month, parts->year);
+    text.append(buffer.data(), static_cast<std::size_t>(length));
   }
   if (hasTime) {
     if (hasDay) text += ' ';
-    std::snprintf(buffer.data(), buffer.size(), "%d:%02d:%02d", parts->hour, parts->minute, parts->second);
-    text += buffer.data();
+    const int length = std::snprintf(buffer.data(), buffer.size(), "%d:%02d:%02d", parts->hour, parts->minute,
+                                     parts->second);
+    text.append(buffer.data(), static_cast<std::size_t>(length));
   }
   return text;
 }

@@ -11,6 +11,7 @@
 #include "platform/jet/Aggregates.h"
 #include "platform/jet/DateFunctions.h"
 #include "platform/jet/NumberFunctions.h"
+#include "platform/jet/RowHash.h"
 #include "platform/jet/TextFunctions.h"
 #include "platform/text/Collation.h"
 
@@ -47,6 +48,7 @@ void RegisterFunctions(sqlite3* database) {
   Register(database, TextFunctions());
   Register(database, NumberFunctions());
   Register(database, DateFunctions());
+  Register(database, RowHashFunctions());
   RegisterAggregates(database);
 }
 

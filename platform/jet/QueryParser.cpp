@@ -199,6 +199,10 @@ TableSource QueryParser::ParseParenthesised() {
 
 std::string QueryParser::ParseAlias() {
   if (reader_.Accept("AS")) return reader_.ExpectName("un nombre detrás de AS");
+  // A join of a kind that does not exist would pass for another name and an inner join.
+  for (const char* word : {"FULL", "CROSS", "NATURAL"}) {
+    if (reader_.Is(word)) reader_.FailExpected("INNER JOIN, LEFT JOIN o RIGHT JOIN");
+  }
   return reader_.IsName() ? reader_.Take().text : std::string();
 }
 

@@ -48,6 +48,12 @@ const NamedTable* TableBehind(const DerivedTable& derived) {
   return OnlyTable(query.members[0]);
 }
 
+// True if a rewritten query gives the first rows of its one table, in the table's order.
+bool HoldsFirstRows(const Query& query) {
+  return query.members[0].top && !query.members[0].where && query.orderBy.size() == 1 &&
+         std::holds_alternative<RowPlace>(query.orderBy[0].expression.node);
+}
+
 void CollectColumns(const Expression& expression, std::vector<const Expression*>& columns) {
   if (IsBareColumn(expression)) columns.push_back(&expression);
   for (const Expression& operand : OperandsOf(expression)) CollectColumns(operand, columns);
@@ -71,6 +77,34 @@ Select WrapInDerived(Select inner) {
   derived.query = QueryOf(std::move(inner));
   outer.from.push_back(TableSource{outer.span, std::move(derived)});
   return outer;
+}
+
+// Up to the last of the rows, which are the first ones of their table: a range instead of a list of places.
+std::optional<Expression> PlaceIsUpTo(std::unique_ptr<Query> rows, TextSpan span) {
+  Call last;
+  last.function = "Max";
+  Expression place;
+  place.node = ColumnName{{}, kPlaceColumn};
+  last.arguments.push_back(std::move(place));
+  Expression greatest;
+  greatest.node = std::move(last);
+  Select select;
+  select.span = span;
+  select.items.push_back(Item(std::move(greatest)));
+  DerivedTable derived;
+  derived.query = std::move(rows);
+  select.from.push_back(TableSource{span, std::move(derived)});
+  Expression limit;
+  limit.span = span;
+  limit.node = Subquery{QueryOf(std::move(select))};
+  Comparison comparison;
+  comparison.symbol = "<=";
+  comparison.operands.push_back(PlaceIn({}));
+  comparison.operands.push_back(std::move(limit));
+  Expression expression;
+  expression.span = span;
+  expression.node = std::move(comparison);
+  return expression;
 }
 
 std::optional<Expression> PlaceIsAmong(std::unique_ptr<Query> rows, TextSpan span) {
@@ -233,6 +267,7 @@ void Rewriter::RewriteDelete(DeleteStatement& statement) {
   const TextSpan span = statement.source.span;
   NamedTable target;
   std::unique_ptr<Query> rows;
+  bool first = false;
   if (const auto* derived = std::get_if<DerivedTable>(&statement.source.node)) {
     const NamedTable* table = TableBehind(*derived);
     if (table == nullptr) {
@@ -240,6 +275,7 @@ void Rewriter::RewriteDelete(DeleteStatement& statement) {
                       "Solo se puede borrar a través de una consulta que da filas de una sola tabla");
     }
     target.name = table->name;
+    first = !statement.where && HoldsFirstRows(*derived->query);
     rows = RowsOfDerived(statement, *table);
   } else {
     const NamedTable* table =
@@ -257,7 +293,7 @@ void Rewriter::RewriteDelete(DeleteStatement& statement) {
     rows = QueryOf(std::move(select));
   }
   statement.source = TableSource{target.name.span, std::move(target)};
-  statement.where = PlaceIsAmong(std::move(rows), span);
+  statement.where = first ? PlaceIsUpTo(std::move(rows), span) : PlaceIsAmong(std::move(rows), span);
 }
 
 // The places of the rows that DELETE's derived table holds.
@@ -271,7 +307,7 @@ std::unique_ptr<Query> Rewriter::RowsOfDerived(DeleteStatement& statement, const
   const std::string name = ExposedName(inner.from[0]);
   if (!statement.where) {
     inner.items.clear();
-    inner.items.push_back(Item(PlaceIn(name)));
+    inner.items.push_back(Item(PlaceIn(name), kPlaceColumn));
     return std::move(derived.query);
   }
   inner.items.push_back(Item(PlaceIn(name), kPlaceColumn));

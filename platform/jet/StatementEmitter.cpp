@@ -54,6 +54,18 @@ void StatementEmitter::Write(const SelectStatement& statement) {
   }
   translation_.columns = QueryEmitter::ColumnsOf(statement.query);
   queries_.Write(statement.query, QueryRole::kStatement);
+  NoteDistinctTable(statement.query);
+}
+
+void StatementEmitter::NoteDistinctTable(const Query& query) {
+  const Select& select = query.members[0];
+  const bool plain = query.members.size() == 1 && query.orderBy.empty() && select.distinct && !select.top &&
+                     !select.where && select.groupBy.empty() && !select.having && select.items.size() == 1 &&
+                     select.items[0].star && select.items[0].starTable.empty() && select.from.size() == 1;
+  if (!plain) return;
+  if (const auto* table = std::get_if<NamedTable>(&select.from[0].node)) {
+    translation_.distinctTable.emplace(databases_.AliasOf(table->name), writer_.Spelling(table->name.table));
+  }
 }
 
 void StatementEmitter::RefuseRepeatedOutput(const Select& select) const {

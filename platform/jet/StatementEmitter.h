@@ -37,6 +37,7 @@ class StatementEmitter {
   void RefuseRepeatedOutput(const Select& select) const;
   void RefuseRepeated(const ColumnDefinition& column, std::set<std::string>& names) const;
   void RefuseRepeated(const std::string& column, TextSpan span, std::set<std::string>& written) const;
+  void NoteDistinctTable(const Query& query);
   void SetTarget(StatementKind kind, const TableName& name, bool sheetAllowed = false, bool isNew = false);
   const NamedTable& UpdatedTable(const UpdateStatement& statement) const;
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/error/RuntimeError.h"
@@ -71,6 +72,8 @@ struct Translation {
   std::vector<ExternalDatabase> databases;
   std::vector<OutputColumn> columns;  ///< one a column of the SELECT; empty if its list holds a *
   std::vector<SourceSpot> spots;
+  /// For SELECT DISTINCT * of one table with nothing else: the alias of its database and its name.
+  std::optional<std::pair<std::string, std::string>> distinctTable;
 
   /// The place in the Jet text of a byte offset in `sql` (as the engine reports it for a failure to prepare).
   std::optional<TextSpan> SourceOf(std::size_t sqlOffset) const;

@@ -161,7 +161,9 @@ const MessageLoop::Armed* MessageLoop::Earliest(std::uint64_t last) const noexce
 void MessageLoop::MoveClockToNext() {
   const Armed* next = Earliest();
   const auto ahead = next->due - Now();
-  if (ahead > std::chrono::nanoseconds{0}) skipped_ += ahead;
+  if (ahead <= std::chrono::nanoseconds{0}) return;
+  skipped_ += ahead;
+  if (sooner_) sooner_();
 }
 
 }  // namespace velmar::toolkit

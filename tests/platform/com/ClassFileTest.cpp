@@ -1,23 +1,17 @@
 #include "platform/com/ClassFile.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
 
 #include "platform/error/RuntimeError.h"
+#include "platform/files/TemporaryFolder.h"
 
 namespace velmar::com {
 namespace {
 
 class ClassFileTest : public testing::Test {
  protected:
-  ~ClassFileTest() override { std::filesystem::remove_all(folder); }
-
-  std::filesystem::path folder =
-      std::filesystem::path(testing::TempDir()) / ("velmar-classes-" + std::to_string(getpid()));
-  ClassFile file{(folder / "sub/clases.tsv").string()};
+  files::TemporaryFolder folder;
+  ClassFile file{folder / "sub/clases.tsv"};
   Guid one{1, 0, 0, {}};
   Guid two{2, 0, 0, {}};
 };
@@ -39,8 +33,7 @@ TEST_F(ClassFileTest, KeepsWhatIsPublished) {
 }
 
 TEST_F(ClassFileTest, TellsWhatItCannotReadOrWrite) {
-  std::filesystem::create_directories(folder / "sub");
-  std::ofstream(file.Path()) << "no es un registro\n";
+  folder.Touch("sub/clases.tsv");
   EXPECT_THROW(file.Entries(), RuntimeError);
   EXPECT_THROW(ClassFile("/proc/no/clases.tsv").Publish({"A.cUno", one, "x"}), RuntimeError);
 }

@@ -2,27 +2,23 @@
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
 
 #include "platform/com/ClassRegistry.h"
 #include "platform/com/Greeter.h"
 #include "platform/com/HResult.h"
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
+#include "platform/files/TemporaryFolder.h"
 
 namespace velmar::com {
 namespace {
 
 class CreateObjectTest : public testing::Test {
  protected:
-  CreateObjectTest() { setenv("XDG_DATA_HOME", folder.c_str(), 1); }
-  ~CreateObjectTest() override {
-    unsetenv("XDG_DATA_HOME");
-    std::filesystem::remove_all(folder);
-  }
+  CreateObjectTest() { setenv("XDG_DATA_HOME", (folder / "datos").c_str(), 1); }
+  ~CreateObjectTest() override { unsetenv("XDG_DATA_HOME"); }
 
   static long FailureOf(const char* progId) {
     try {
@@ -38,8 +34,7 @@ class CreateObjectTest : public testing::Test {
     return reinterpret_cast<HResult (*)()>(dlsym(library, entry))();
   }
 
-  std::string folder =
-      (std::filesystem::path(testing::TempDir()) / ("velmar-com-" + std::to_string(getpid()))).string();
+  files::TemporaryFolder folder;
 };
 
 TEST_F(CreateObjectTest, MakesANewObjectEachTime) {

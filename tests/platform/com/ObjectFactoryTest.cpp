@@ -15,8 +15,14 @@ HResult ResultOf(ObjectFactory::Maker maker) {
   void* result = factory;
   const HResult answer = factory->CreateInstance(nullptr, Unknown::kId, &result);
   EXPECT_EQ(result == nullptr, answer < 0);
-  if (answer >= 0) static_cast<Unknown*>(result)->Release();
   factory->Release();
+  if (answer >= 0) {
+    auto* unknown = static_cast<Unknown*>(result);
+    EXPECT_EQ(unknown->QueryInterface(Guid{}, &result), kENoInterface);
+    EXPECT_EQ(result, nullptr);
+    EXPECT_EQ(unknown->QueryInterface(Unknown::kId, nullptr), kEPointer);
+    EXPECT_EQ(unknown->Release(), 0U);
+  }
   return answer;
 }
 

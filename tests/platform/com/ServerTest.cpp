@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "platform/com/CHost.h"
+#include "platform/com/ClassRegistry.h"
 #include "platform/com/Greeter.h"
+#include "platform/com/Unknown.h"
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
 
@@ -12,11 +14,7 @@ namespace {
 
 TEST(Server, AHostInPlainCMakesAnObject) {
   EXPECT_EQ(CHostRun(TEST_SERVER, &kGreeterClass), 0);
-}
-
-TEST(Server, AnObjectOfALibraryIsQueriedLikeAnyOther) {
-  const auto object = CreateFromLibrary(TEST_SERVER, kGreeterClass);
-  EXPECT_EQ(Query<Greeter>(object)->Greet("mundo"), "Hola, mundo");
+  EXPECT_EQ(GetClassObject(ClassRegistry(), &kGreeterClass, &Unknown::kId, nullptr), kEPointer);
 }
 
 TEST(Server, TellsWhyALibraryGivesNoObject) {

@@ -51,25 +51,12 @@ TEST_F(ListBoxTest, ExtendedSelectionCountsAndMovesWithTheItems) {
   list.RemoveItem(1);
   EXPECT_EQ(Marked(), "c");
   EXPECT_EQ(list.SelCount(), 1);
+  list.RemoveItem(2);
+  EXPECT_EQ(list.SelCount(), 0);
+  list.Selected(0, true);
   list.Clear();
   EXPECT_EQ(list.SelCount(), 0);
   EXPECT_EQ(events, "") << "what the program selects is no click";
-}
-
-TEST_F(ListBoxTest, RemovingEverySelectedItemFromTheTopLeavesTheOthers) {
-  list.MultiSelect(2);
-  EXPECT_TRUE(list.UserSelectItems({0, 1, 3}, 3));
-  for (long i = 0; i < list.ListCount();) {
-    if (!list.Selected(i)) {
-      ++i;
-      continue;
-    }
-    list.RemoveItem(i);
-    i = 0;
-  }
-  EXPECT_EQ(list.ListCount(), 1);
-  EXPECT_EQ(list.List(0), "c");
-  EXPECT_EQ(list.SelCount(), 0);
 }
 
 TEST_F(ListBoxTest, TheUserSelectsOneOrARange) {
@@ -81,30 +68,23 @@ TEST_F(ListBoxTest, TheUserSelectsOneOrARange) {
   EXPECT_TRUE(list.UserSelect(3, 1));
   EXPECT_EQ(Marked(), "bcd");
   EXPECT_EQ(list.ListIndex(), 1);
+  EXPECT_TRUE(list.UserSelectItems({0, 3}, 3));
+  EXPECT_EQ(Marked(), "ad");
+  EXPECT_EQ(list.ListIndex(), 3);
   EXPECT_TRUE(list.UserClick(0));
   EXPECT_EQ(Marked(), "a");
   EXPECT_FALSE(list.UserClick(4));
 }
 
-TEST_F(ListBoxTest, ADoubleClickSelectsFirst) {
+TEST_F(ListBoxTest, ADoubleClickSelectsFirstButNothingBesideTheItems) {
   EXPECT_TRUE(list.UserDoubleClick(2));
-  EXPECT_EQ(events, "CD");
   EXPECT_EQ(list.Text(), "c");
-  events.clear();
   list.ListIndex(-1);
   EXPECT_TRUE(list.UserDoubleClick(-1));
-  EXPECT_EQ(events, "D") << "beside the items nothing is selected";
   EXPECT_EQ(list.ListIndex(), -1);
-}
-
-TEST_F(ListBoxTest, DisabledItTakesNothingFromTheUser) {
   list.Enabled(false);
-  EXPECT_FALSE(list.UserClick(0));
-  EXPECT_FALSE(list.UserDoubleClick(0));
-  EXPECT_FALSE(list.UserDoubleClick(-1));
-  EXPECT_EQ(events, "");
-  list.ListIndex(0);
-  EXPECT_EQ(list.Text(), "a") << "the program goes on";
+  EXPECT_FALSE(list.UserClick(0) || list.UserDoubleClick(0) || list.UserDoubleClick(-1));
+  EXPECT_EQ(events, "CDD");
 }
 
 TEST_F(ListBoxTest, ScrollsWithinItsItems) {

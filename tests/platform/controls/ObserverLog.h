@@ -25,8 +25,6 @@ class ObserverLog : public ControlObserver {
 
   std::vector<std::string> notices;
 
-  std::size_t KnownRows() const { return known_; }
-
   void Changed(Control& /*control*/, Property what) override {
     EXPECT_FALSE(open_);
     if (what == Property::kSelection) notices.push_back("selection");

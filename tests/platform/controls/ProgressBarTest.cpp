@@ -18,13 +18,11 @@ TEST(ProgressBar, KeepsTheValueInItsRange) {
   EXPECT_EQ(bar.Value(), 3);
   bar.Max(2);
   EXPECT_EQ(bar.Value(), 2);
-}
-
-TEST(ProgressBar, ATaskOfNoStepsIsNoFailure) {
-  ProgressBar bar("prgPlantilla");
+  bar.Min(2);
+  EXPECT_EQ(FailureOf([&] { bar.Value(1); }), kInvalidPropertyValue);
+  EXPECT_EQ(FailureOf([&] { bar.Min(3); }), kInvalidPropertyValue);
   bar.Min(0);
-  bar.Value(0);
-  bar.Max(0);
+  bar.Max(0);  // a task of no steps is no failure
   bar.Value(bar.Max());
   EXPECT_EQ(bar.Value(), 0);
 }

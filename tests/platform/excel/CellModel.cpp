@@ -7,16 +7,11 @@
 #include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <span>
 
 namespace {
 
-std::string Hex(std::uint64_t value) {
-  std::array<char, 17> text;
-  std::snprintf(text.data(), text.size(), "%016llx", static_cast<unsigned long long>(value));
-  return text.data();
-}
-
-std::string Hex(const std::string& bytes) {
+std::string Hex(std::span<const char> bytes) {
   static constexpr const char* kDigits = "0123456789abcdef";
   std::string out;
   for (const char c : bytes) {
@@ -31,7 +26,7 @@ std::string Line(std::size_t sheet, std::size_t row, std::size_t column, const C
   const std::string place =
       std::to_string(sheet) + " " + std::to_string(row) + " " + std::to_string(column) + " ";
   if (const auto* number = std::get_if<double>(&cell))
-    return place + "number " + Hex(std::bit_cast<std::uint64_t>(*number));
+    return place + "number " + Hex(std::bit_cast<std::array<char, 8>>(*number));
   if (const auto* boolean = std::get_if<bool>(&cell)) return place + "boolean " + (*boolean ? "1" : "0");
   if (const auto* text = std::get_if<std::string>(&cell))
     return text->empty() ? "" : place + "text " + Hex(*text);

@@ -12,8 +12,8 @@
 #include "platform/error/RuntimeError.h"
 #include "platform/excel/CellModel.h"
 #include "platform/excel/InterruptingLayer.h"
-#include "platform/excel/TemporaryFolder.h"
 #include "platform/excel/WorkbookCheck.h"
+#include "platform/files/TemporaryFolder.h"
 
 namespace velmar::excel {
 namespace {
@@ -30,6 +30,24 @@ std::vector<CellModel::Row> Rows(int first, int count) {
   return rows;
 }
 
+using Statement = std::function<void(Workbook&)>;
+
+// Runs the statement in a process that is killed behind so many changes. Returns false when it came to its
+// end.
+bool RunKilled(const std::string& path, int changes, const Statement& statement) {
+  const pid_t child = fork();
+  if (child == 0) {
+    InterruptingLayer layer(changes, [] { kill(getpid(), SIGKILL); });
+    Workbook book(path, layer);
+    statement(book);
+    _exit(0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0);
+  return WIFSIGNALED(status);
+}
+
 // A workbook after some statements, so that the next one finds gaps to write to, and something behind the
 // end.
 class InterruptedAppend : public testing::Test {
@@ -38,56 +56,39 @@ class InterruptedAppend : public testing::Test {
     Workbook book(base_);
     model_.Create(book, "Hoja1", {"Número", "Nombre", "Sí", "Texto"}, Rows(0, 600));
     for (int i = 0; i < 4; ++i) model_.Append(book, Rows(600 + 300 * i, 300));
-    ASSERT_EQ(WorkbookCheck::Problem(base_), "");
-    ASSERT_EQ(model_.DiffersForFreexl(base_), "");
+    ExpectReads(model_, base_);
+  }
+  static void ExpectReads(const CellModel& model, const std::string& path) {
+    ASSERT_EQ(WorkbookCheck::Problem(path), "");
+    ASSERT_EQ(model.DiffersForFreexl(path), "");
   }
 
-  // Runs the statement on a copy of the workbook. Returns false when it came to its end uninterrupted.
-  bool RunKilled(int changes, const std::function<void(Workbook&)>& statement) {
-    std::filesystem::copy_file(base_, path_, std::filesystem::copy_options::overwrite_existing);
-    const pid_t child = fork();
-    if (child == 0) {
-      InterruptingLayer layer(changes, [] { kill(getpid(), SIGKILL); });
-      Workbook book(path_, layer);
-      statement(book);
-      _exit(0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0);
-    return WIFSIGNALED(status);
-  }
-
-  TemporaryFolder folder_;
-  std::string base_ = folder_.File("base.xls");
-  std::string path_ = folder_.File("libro.xls");
+  files::TemporaryFolder folder_;
+  std::string base_ = folder_ / "base.xls";
   CellModel model_;
 };
 
 TEST_F(InterruptedAppend, LeavesTheEarlierRowsAndTheNextOneHeals) {
-  const std::function<void(Workbook&)> statements[] = {
-      [this](Workbook& book) {
-        CellModel copy = model_;
-        copy.Append(book, Rows(5000, 2000));
-      },
-      [this](Workbook& book) {
-        CellModel copy = model_;
-        copy.Create(book, "Hoja2", {"Uno", "Dos", "Tres", "Cuatro"}, Rows(5000, 2000));
-      }};
-  for (const auto& statement : statements) {
+  const std::string path = folder_ / "libro.xls";
+  const auto copyBase = [&] {
+    return std::filesystem::copy_file(base_, path, std::filesystem::copy_options::overwrite_existing);
+  };
+  const Statement append = [this](Workbook& book) { CellModel(model_).Append(book, Rows(5000, 2000)); };
+  const Statement create = [this](Workbook& book) {
+    CellModel(model_).Create(book, "Hoja2", {"Uno", "Dos", "Tres", "Cuatro"}, Rows(5000, 2000));
+  };
+  for (const Statement& statement : {append, create}) {
     int changes = 0;
-    for (; RunKilled(changes, statement); ++changes) {
+    for (; copyBase() && RunKilled(path, changes, statement); ++changes) {
       SCOPED_TRACE(changes);
       ASSERT_LT(changes, 100);
-      ASSERT_EQ(model_.DiffersForFreexl(path_), "");
+      ASSERT_EQ(model_.DiffersForFreexl(path), "");
       CellModel healed = model_;
-      Workbook book(path_);
+      Workbook book(path);
       healed.Append(book, Rows(7000, 10));
-      ASSERT_EQ(WorkbookCheck::Problem(path_), "");
-      ASSERT_EQ(healed.DiffersForFreexl(path_), "");
+      ExpectReads(healed, path);
       healed.Append(book, Rows(7010, 3000));
-      ASSERT_EQ(WorkbookCheck::Problem(path_), "");
-      ASSERT_EQ(healed.DiffersForFreexl(path_), "");
+      ExpectReads(healed, path);
     }
     EXPECT_GE(changes, 3);
   }
@@ -116,28 +117,18 @@ TEST_F(InterruptedAppend, AFailedWriteLeavesTheFileByteForByte) {
 }
 
 TEST(InterruptedCreation, LeavesNothing) {
-  for (int changes = 0;; ++changes) {
-    SCOPED_TRACE(changes);
+  const files::TemporaryFolder folder;
+  const std::string path = folder / "libro.xls";
+  const Statement create = [](Workbook& book) {
+    CellModel().Create(book, "Hoja1", {"a", "b", "c", "d"}, Rows(0, 4000));
+  };
+  int changes = 0;
+  for (; RunKilled(path, changes, create); ++changes) {
     ASSERT_LT(changes, 100);
-    const TemporaryFolder folder;
-    const std::string path = folder.File("libro.xls");
-    const pid_t child = fork();
-    if (child == 0) {
-      InterruptingLayer layer(changes, [] { kill(getpid(), SIGKILL); });
-      Workbook book(path, layer);
-      CellModel model;
-      model.Create(book, "Hoja1", {"a", "b", "c", "d"}, Rows(0, 4000));
-      _exit(0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (!WIFSIGNALED(status)) {
-      EXPECT_EQ(WorkbookCheck::Problem(path), "");
-      EXPECT_GE(changes, 3);
-      return;
-    }
-    EXPECT_TRUE(folder.Empty());
+    EXPECT_TRUE(folder.Empty()) << changes;
   }
+  EXPECT_GE(changes, 3);
+  EXPECT_EQ(WorkbookCheck::Problem(path), "");
 }
 
 }  // namespace

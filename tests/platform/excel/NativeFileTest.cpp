@@ -10,7 +10,7 @@
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
 #include "platform/excel/NativeFileLayer.h"
-#include "platform/excel/TemporaryFolder.h"
+#include "platform/files/TemporaryFolder.h"
 
 namespace velmar::excel {
 namespace {
@@ -27,11 +27,11 @@ long NumberOf(const std::function<void()>& action) {
 const std::vector<std::uint8_t> kBytes = {1, 2, 3};
 
 TEST(NativeFile, ANewFileAppearsWholeOrNotAtAll) {
-  const TemporaryFolder folder;
-  const std::string path = folder.File("libro.xls");
+  const files::TemporaryFolder folder;
+  const std::string path = folder / "libro.xls";
   const auto nameless = [&] { return FileLayer::Native().Create(path); };
   const auto temporary = [&]() -> std::unique_ptr<File> {
-    const std::string beside = folder.File("beside");
+    const std::string beside = folder / "beside";
     const int descriptor = open(beside.c_str(), O_RDWR | O_CREAT | O_EXCL, 0666);
     return std::make_unique<NativeFile>(descriptor, path, NativeFile::Kind::kTemporary, beside);
   };
@@ -54,8 +54,8 @@ TEST(NativeFile, ANewFileAppearsWholeOrNotAtAll) {
 }
 
 TEST(NativeFile, OneWriterAtATime) {
-  const TemporaryFolder folder;
-  const std::string path = folder.File("libro.xls");
+  const files::TemporaryFolder folder;
+  const std::string path = folder / "libro.xls";
   const auto made = FileLayer::Native().Create(path);
   made->Publish();
   const auto first = FileLayer::Native().OpenForWriting(path);
@@ -65,13 +65,13 @@ TEST(NativeFile, OneWriterAtATime) {
 }
 
 TEST(NativeFile, SaysWhatIsWrong) {
-  const TemporaryFolder folder;
+  const files::TemporaryFolder folder;
   FileLayer& layer = FileLayer::Native();
-  EXPECT_EQ(NumberOf([&] { layer.OpenForReading(folder.File("no")); }), kFileNotFound);
-  EXPECT_EQ(NumberOf([&] { layer.OpenForWriting(folder.File(".")); }), kPermissionDenied);
-  EXPECT_EQ(NumberOf([&] { layer.OpenForReading(folder.File(".")); }), kPermissionDenied);
-  EXPECT_EQ(NumberOf([&] { layer.Create(folder.File("no/libro.xls")); }), kPathNotFound);
-  const auto file = layer.Create(folder.File("libro.xls"));
+  EXPECT_EQ(NumberOf([&] { layer.OpenForReading(folder / "no"); }), kFileNotFound);
+  EXPECT_EQ(NumberOf([&] { layer.OpenForWriting(folder / "."); }), kPermissionDenied);
+  EXPECT_EQ(NumberOf([&] { layer.OpenForReading(folder / "."); }), kPermissionDenied);
+  EXPECT_EQ(NumberOf([&] { layer.Create(folder / "no/libro.xls"); }), kPathNotFound);
+  const auto file = layer.Create(folder / "libro.xls");
   file->Write(0, kBytes);
   std::vector<std::uint8_t> more(4);
   EXPECT_EQ(NumberOf([&] { file->Read(0, more); }), kWorkbookFormat);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <set>
 #include <vector>
 
@@ -110,33 +111,20 @@ TEST(SectorMap, RefusesAHeaderThatDoesNotFit) {
   SectorMap made;
   made.Take(kFullHeader + 300, Fit::kSnug);
   const Written good = Write(made, file);
-  const auto refused = [&file](const Written& written) {
-    try {
-      SectorMap map(written.header, file, written.sectorCount, written.free);
-      return false;
-    } catch (const DamagedFile&) {
-      return true;
-    }
+  const std::function<void(Written&)> faults[] = {
+      [](Written& w) { w.header.fatSectors += 1; },
+      [](Written& w) { w.header.difatSectors = 0; },
+      [](Written& w) { w.header.firstDifat = w.sectorCount; },
+      [](Written& w) { w.header.firstDifat = 0; },
+      [](Written& w) { w.header.fat[5] = w.sectorCount; },
+      [](Written& w) { w.free.push_back(w.sectorCount); },
   };
-  EXPECT_FALSE(refused(good));
-  Written bad = good;
-  bad.header.fatSectors += 1;
-  EXPECT_TRUE(refused(bad));
-  bad = good;
-  bad.header.difatSectors = 0;
-  EXPECT_TRUE(refused(bad));
-  bad = good;
-  bad.header.firstDifat = good.sectorCount;
-  EXPECT_TRUE(refused(bad));
-  bad = good;
-  bad.header.firstDifat = 0;
-  EXPECT_TRUE(refused(bad));
-  bad = good;
-  bad.header.fat[5] = good.sectorCount;
-  EXPECT_TRUE(refused(bad));
-  bad = good;
-  bad.free.push_back(good.sectorCount);
-  EXPECT_TRUE(refused(bad));
+  EXPECT_NO_THROW(SectorMap(good.header, file, good.sectorCount, good.free));
+  for (const auto& fault : faults) {
+    Written bad = good;
+    fault(bad);
+    EXPECT_THROW(SectorMap(bad.header, file, bad.sectorCount, bad.free), DamagedFile) << &fault - faults;
+  }
 }
 
 }  // namespace

@@ -29,9 +29,9 @@ TEST(SharedStrings, GivesEachTextOneNumber) {
   EXPECT_EQ(strings.Index("uno"), 40u);
   EXPECT_EQ(strings.Index(""), SharedStrings::kNone);
   EXPECT_EQ(strings.Index(std::string_view("\0\0", 2)), SharedStrings::kNone);
-  EXPECT_EQ(strings.Index(std::string_view("\0\0", 2)), SharedStrings::kNone);
-  for (std::uint32_t i = 0; i < 100'000; ++i) ASSERT_EQ(strings.Index("texto " + std::to_string(i)), 42 + i);
-  for (std::uint32_t i = 0; i < 100'000; ++i) ASSERT_EQ(strings.Index("texto " + std::to_string(i)), 42 + i);
+  for (int twice = 0; twice < 2; ++twice) {
+    for (std::uint32_t i = 0; i < 100'000; ++i) ASSERT_EQ(strings.Index(std::to_string(i)), 42 + i);
+  }
   EXPECT_EQ(strings.Count(), 100'002u);
 }
 
@@ -43,10 +43,9 @@ TEST(SharedStrings, CutsTextsOnlyWhereTheFormatAllows) {
                                           "😀",
                                           Repeat("abc", 4000),
                                           Repeat("ñé", 5000),
-                                          Repeat("€", 9000),
+                                          Repeat("€", 32'767),
                                           Repeat("😀", 16'383),
-                                          "x" + Repeat("😀", 16'383),
-                                          Repeat("€", 32'767)};
+                                          "x" + Repeat("😀", 16'383)};
   for (std::size_t length = 8224 - 3 - 14; length <= 8224; ++length) {
     SCOPED_TRACE(length);
     for (const std::string& text : texts) {

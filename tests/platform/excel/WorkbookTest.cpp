@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include <cmath>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -15,8 +14,8 @@
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
 #include "platform/excel/CellModel.h"
-#include "platform/excel/TemporaryFolder.h"
 #include "platform/excel/WorkbookCheck.h"
+#include "platform/files/TemporaryFolder.h"
 
 namespace velmar::excel {
 namespace {
@@ -49,8 +48,8 @@ class WorkbookTest : public testing::Test {
     EXPECT_EQ(model.DiffersForXlrd(path_), "");
   }
 
-  TemporaryFolder folder_;
-  std::string path_ = folder_.File("libro.xls");
+  files::TemporaryFolder folder_;
+  std::string path_ = folder_ / "libro.xls";
   Workbook book_{path_};
   CellModel model_;
 };
@@ -66,18 +65,10 @@ TEST_F(WorkbookTest, KeepsEveryKindOfCell) {
 }
 
 TEST_F(WorkbookTest, MendsWhatNoCellCanHold) {
-  const auto writer = book_.CreateSheet("Hoja1", {"a", "b"});
-  writer->AddNumber(std::numeric_limits<double>::quiet_NaN());
-  writer->AddText(std::string_view("a\0b", 3));
-  writer->EndRow();
-  writer->AddNumber(-std::numeric_limits<double>::infinity());
-  writer->AddText("x\xFFy");
-  writer->EndRow();
-  writer->AddText(std::string_view("\0", 1));
-  writer->AddText("fin");
-  writer->EndRow();
-  writer->Commit();
-  EXPECT_EQ(writer->RowCount(), 3u);
+  const double infinity = std::numeric_limits<double>::infinity();
+  model_.Create(
+      book_, "Hoja1", {"a", "b"},
+      {{infinity - infinity, std::string("a\0b", 3)}, {-infinity, "x\xFFy"}, {std::string(1, '\0'), "fin"}});
   model_.sheets = {{"Hoja1", {{"a", "b"}, {{}, "ab"}, {{}, "x\uFFFDy"}, {{}, "fin"}}}};
   ExpectReads(model_);
 }
@@ -85,9 +76,7 @@ TEST_F(WorkbookTest, MendsWhatNoCellCanHold) {
 TEST_F(WorkbookTest, KeepsTextsUpToTheLongest) {
   std::string wide;
   for (int i = 0; i < 16'383; ++i) wide += "😀";
-  model_.Create(
-      book_, "Hoja1", {"a"},
-      {{std::string(32'767, 'x')}, {wide + "x"}, {"x" + wide}, {std::string(8221, 'y')}, {"corto"}});
+  model_.Create(book_, "Hoja1", {"a"}, {{std::string(32'767, 'x')}, {wide + "x"}, {"x" + wide}, {"corto"}});
   EXPECT_EQ(WorkbookCheck::Problem(path_), "");
   EXPECT_EQ(model_.DiffersForXlrd(path_), "");
   for (const std::string& text : {std::string(32'768, 'x'), wide + "xy"}) {
@@ -103,19 +92,16 @@ TEST_F(WorkbookTest, MixesStatementsOfAllSizes) {
     return (random = random * 1'103'515'245 + 12'345) / 65'536 % limit;
   };
   std::vector<std::string> columns = {"Código", "Nombre"};
-  for (int step = 0; step < 150; ++step) {
+  for (int step = 0; step < 200; ++step) {
     SCOPED_TRACE(step);
     std::vector<CellModel::Row> rows(draw(4) == 0 ? draw(300) : draw(12));
     for (auto& row : rows)
       row = {draw(3) == 0 ? CellModel::Cell() : double(draw(1000)) / 8, std::string(draw(60), 'x') + "ñ"};
-    if (step == 0 || draw(4) == 0)
-      model_.Create(book_, "Hoja" + std::to_string(model_.sheets.size() + 1), columns, rows);
+    if (step == 0 || draw(3) == 0)
+      model_.Create(book_, "Hoja número " + std::to_string(model_.sheets.size() + 1), columns, rows);
     else
       model_.Append(book_, rows);
     ASSERT_EQ(WorkbookCheck::Problem(path_), "");
-    if (step % 10 == 0) {
-      ASSERT_EQ(model_.DiffersForFreexl(path_), "");
-    }
   }
   ExpectReads(model_);
 }
@@ -132,12 +118,6 @@ TEST_F(WorkbookTest, TellsSheetsAndColumns) {
   EXPECT_EQ(book_.RowCount("AÑOS"), 0u);
   ExpectRefused(kUnknownTable, [&] { book_.ColumnNames("Hoja2"); });
   ExpectRefused(kUnknownTable, [&] { book_.RowCount("Hoja2"); });
-  ExpectReads(model_);
-}
-
-TEST_F(WorkbookTest, ManySheets) {
-  for (int i = 0; i < 200; ++i)
-    model_.Create(book_, "Hoja número " + std::to_string(i), {"Nombre"}, {{double(i)}});
   ExpectReads(model_);
 }
 
@@ -198,7 +178,7 @@ TEST_F(WorkbookTest, RefusesOtherFiles) {
   std::filesystem::remove(path_);
   std::filesystem::create_directory(path_);
   ExpectRefused(kPermissionDenied, create);
-  Workbook elsewhere(folder_.File("no/libro.xls"));
+  Workbook elsewhere(folder_ / "no/libro.xls");
   ExpectRefused(kPathNotFound, [&] { elsewhere.CreateSheet("Hoja1", {"a"})->Commit(); });
 }
 

@@ -16,7 +16,7 @@ for number, name in enumerate(book.sheet_names()):
             if kind == xlrd.XL_CELL_TEXT:
                 shown = "text " + value.encode().hex()
             elif kind == xlrd.XL_CELL_NUMBER:
-                shown = "number " + struct.pack(">d", value).hex()
+                shown = "number " + struct.pack("<d", value).hex()
             elif kind == xlrd.XL_CELL_BOOLEAN:
                 shown = "boolean %d" % value
             elif kind in (xlrd.XL_CELL_EMPTY, xlrd.XL_CELL_BLANK):

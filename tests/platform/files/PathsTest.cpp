@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <memory>
 
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
@@ -29,20 +30,14 @@ TEST(Paths, FindsAFileWhateverTheCaseOfItsPath) {
   EXPECT_EQ(Resolve(""), std::nullopt);
 }
 
-TEST(Paths, LooksIntoEveryFolderThatIsMeant) {
+TEST(Paths, LooksIntoEveryFolderThatIsMeantTheWrittenOneFirst) {
   const TemporaryFolder folder;
-  folder.Touch("datos/otro.mdb");
-  folder.Touch("Datos/Informes.mdb");
-  const auto found = Resolve(folder / "datos/informes.mdb");
-  ASSERT_TRUE(found);
-  EXPECT_TRUE(std::filesystem::exists(*found));
-}
-
-TEST(Paths, PrefersTheWrittenSpelling) {
-  const TemporaryFolder folder;
-  for (const char* name : {"HOJA.XLS", "Hoja.xls", "hoja.xls"}) folder.Touch(name);
-  EXPECT_EQ(Resolve(folder / "Hoja.xls"), folder / "Hoja.xls");
-  EXPECT_EQ(Resolve(folder / "hoja.xls"), folder / "hoja.xls");
+  for (const char* name : {"DATOS/a", "Datos/a", "Datos/A", "Datos/Informes.mdb", "datos/b"})
+    folder.Touch(name);
+  EXPECT_EQ(Resolve(folder / "Datos/a"), folder / "Datos/a");
+  EXPECT_EQ(Resolve(folder / "Datos/A"), folder / "Datos/A");
+  EXPECT_EQ(Resolve(folder / "datos/a"), folder / "DATOS/a") << "of others the first by its bytes";
+  EXPECT_EQ(Resolve(folder / "DATOS/informes.mdb"), folder / "Datos/Informes.mdb");
 }
 
 TEST(Paths, ANewFileKeepsItsNameInTheRealFolder) {
@@ -61,33 +56,20 @@ TEST(Paths, ANewFileKeepsItsNameInTheRealFolder) {
   EXPECT_THROW(ResolveForCreation(folder / "Datos/"), RuntimeError);
 }
 
-/// Root may list every folder, so the case runs as nobody.
-class OrdinaryUser {
- public:
-  OrdinaryUser() {
-    if (user_ == 0 && seteuid(65534) != 0) ADD_FAILURE() << "cannot become nobody";
-  }
-  OrdinaryUser(const OrdinaryUser&) = delete;
-  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-  ~OrdinaryUser() { EXPECT_EQ(seteuid(user_), 0); }
-
- private:
-  uid_t user_ = geteuid();
-};
-
 TEST(Paths, AFolderThatCannotBeListedHidesOnlyOtherSpellings) {
   const TemporaryFolder folder;
   folder.Touch("casa/ana/Informes.mdb");
   const std::filesystem::path home = folder / "casa";
   std::filesystem::permissions(home, std::filesystem::perms{0111});
-  {
-    const OrdinaryUser user;
-    EXPECT_EQ(Resolve(folder / "casa/ana/informes.mdb"), folder / "casa/ana/Informes.mdb");
-    EXPECT_EQ(Resolve(folder / "casa/ana/Otro.mdb"), std::nullopt);
-    EXPECT_EQ(ResolveForCreation(folder / "casa/ana/Otro.mdb"), folder / "casa/ana/Otro.mdb");
-    EXPECT_THROW(Resolve(folder / "casa/ANA/Informes.mdb"), RuntimeError);
-  }
-  std::filesystem::permissions(home, std::filesystem::perms{0755});
+  const std::shared_ptr<void> afterwards(nullptr, [home, user = geteuid()](void*) {
+    EXPECT_EQ(seteuid(user), 0);
+    std::filesystem::permissions(home, std::filesystem::perms{0755});
+  });
+  ASSERT_TRUE(geteuid() != 0 || seteuid(65534) == 0) << "root may list every folder, so it becomes nobody";
+  EXPECT_EQ(Resolve(folder / "casa/ana/informes.mdb"), folder / "casa/ana/Informes.mdb");
+  EXPECT_EQ(Resolve(folder / "casa/ana/Otro.mdb"), std::nullopt);
+  EXPECT_EQ(ResolveForCreation(folder / "casa/ana/Otro.mdb"), folder / "casa/ana/Otro.mdb");
+  EXPECT_THROW(Resolve(folder / "casa/ANA/Informes.mdb"), RuntimeError);
 }
 
 }  // namespace

@@ -14,8 +14,8 @@ class TemporaryFolder {
  public:
   TemporaryFolder() {
     static int count = 0;
-    path_ = std::filesystem::path(testing::TempDir()) /
-            ("velmar-files-" + std::to_string(getpid()) + "-" + std::to_string(++count));
+    path_ = std::filesystem::path(::testing::TempDir()) /
+            ("velmar " + std::to_string(getpid()) + " " + std::to_string(++count));
     std::filesystem::create_directories(path_);
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
@@ -33,6 +33,7 @@ class TemporaryFolder {
     std::ofstream(path_ / name) << "x";
   }
 
+  bool Empty() const { return std::filesystem::is_empty(path_); }
   bool Has(const std::string& name) const { return std::filesystem::exists(path_ / name); }
 
  private:

@@ -8,23 +8,17 @@ namespace velmar::text {
 namespace {
 
 TEST(Case, MapsEveryAlphabet) {
-  EXPECT_EQ(LCase("DONACIÓN de ÁNGELES Ñ 12"), "donación de ángeles ñ 12");
-  EXPECT_EQ(UCase("pingüino çedilla àèò ñ"), "PINGÜINO ÇEDILLA ÀÈÒ Ñ");
-  EXPECT_EQ(LCase("ΑΒΓ ДОМ"), "αβγ дом");
+  EXPECT_EQ(LCase("DONACIÓN de Ñ AZ az @[`{ ΑΒΓ ДОМ"), "donación de ñ az az @[`{ αβγ дом");
+  EXPECT_EQ(UCase("AZ az pingüino çedilla àèò ñ @[`{"), "AZ AZ PINGÜINO ÇEDILLA ÀÈÒ Ñ @[`{");
+  EXPECT_EQ(FoldCase("ÑANDÚ Σσς"), FoldCase("ñandú σΣσ"));
 }
 
 TEST(Case, KeepsTheNumberOfCharacters) {
   for (const char* text : {"straße", "İstanbul", "ŉ ﬁ ΐ", "Ǆ"}) {
-    SCOPED_TRACE(text);
-    EXPECT_EQ(Len(UCase(text)), Len(text));
-    EXPECT_EQ(Len(LCase(text)), Len(text));
-    EXPECT_EQ(Len(FoldCase(text)), Len(text));
+    for (const std::string& mapped : {UCase(text), LCase(text), FoldCase(text)}) {
+      EXPECT_EQ(Len(mapped), Len(text)) << text;
+    }
   }
-}
-
-TEST(Case, FoldingMakesBothSpellingsOne) {
-  EXPECT_EQ(FoldCase("ÑANDÚ Σσς"), FoldCase("ñandú σΣσ"));
-  EXPECT_NE(FoldCase("ano"), FoldCase("año"));
 }
 
 TEST(Case, CanonicalFoldingKnowsEveryWayToWriteAnAccent) {

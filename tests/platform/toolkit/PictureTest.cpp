@@ -1,13 +1,12 @@
 #include "platform/toolkit/Picture.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
 #include <fstream>
 
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
+#include "platform/files/TemporaryFolder.h"
 
 namespace velmar::toolkit {
 namespace {
@@ -22,20 +21,17 @@ long FailureOf(const std::string& path) {
 }
 
 TEST(Picture, LoadsWhatIsAPictureAndNothingElse) {
-  const auto folder =
-      std::filesystem::path(testing::TempDir()) / ("velmar-picture-" + std::to_string(getpid()));
-  std::filesystem::create_directories(folder);
+  const files::TemporaryFolder folder;
   const std::string icon("\0\0\1\0\1\0", 6);
   std::ofstream(folder / "Quinvera.ico", std::ios::binary) << icon;
-  std::ofstream(folder / "texto.ico") << "hola";
+  folder.Touch("texto.ico");
 
-  const Picture picture = Picture::Load((folder / "QUINVERA.ICO").string());
+  const Picture picture = Picture::Load(folder / "QUINVERA.ICO");
   EXPECT_EQ(picture.Bytes(), icon);
-  EXPECT_EQ(picture.Path(), (folder / "Quinvera.ico").string());
+  EXPECT_EQ(picture.Path(), folder / "Quinvera.ico");
   EXPECT_TRUE(Picture::Load("").Empty());
-  EXPECT_EQ(FailureOf((folder / "texto.ico").string()), kInvalidPropertyValue);
-  EXPECT_EQ(FailureOf((folder / "nada.ico").string()), kFileNotFound);
-  std::filesystem::remove_all(folder);
+  EXPECT_EQ(FailureOf(folder / "texto.ico"), kInvalidPropertyValue);
+  EXPECT_EQ(FailureOf(folder / "nada.ico"), kFileNotFound);
 }
 
 }  // namespace

@@ -1,0 +1,71 @@
+#include "platform/ado/DirectCell.h"
+
+#include <sqlite3.h>
+
+#include <utility>
+#include <vector>
+
+#include "platform/ado/Database.h"
+#include "platform/ado/Statement.h"
+#include "platform/ado/TableNames.h"
+#include "platform/jet/Translation.h"
+#include "platform/text/Case.h"
+
+namespace ADODB {
+namespace {
+
+/// The engine's rule for the declared types whose columns leave a text as it is.
+bool KeepsTexts(const std::string& declaredType) {
+  const std::string type = velmar::text::UCase(declaredType);
+  const auto holds = [&type](const char* piece) { return type.find(piece) != std::string::npos; };
+  return type.empty() || (!holds("INT") && (holds("CHAR") || holds("CLOB") || holds("TEXT")));
+}
+
+}  // namespace
+
+bool DirectCell::Suits(Database& database, const std::string& table, const std::string& column) {
+  const Database::EngineAccess access(database);
+  std::vector<velmar::jet::OutputColumn> columns;
+  bool keeps = false;
+  Statement list(database, "SELECT name, type FROM pragma_table_info(?1, 'main') ORDER BY cid");
+  list.Bind(1, table);
+  while (list.Step()) {
+    columns.push_back({std::string(list.Text(0)), std::string(list.Text(1))});
+    if (columns.back().name == column) keeps = KeepsTexts(columns.back().type);
+  }
+  if (!keeps) return false;
+  // The file holds the text of the definition without the name of the database.
+  std::string plain = velmar::jet::CreateTableText({"main", table, false, {}, {}, {}}, columns);
+  plain.replace(plain.find("main."), 5, "");
+  Statement definitions(database, "SELECT sql FROM main.sqlite_master WHERE lower(tbl_name) = lower(?1)");
+  definitions.Bind(1, table);
+  const bool only = definitions.Step() && definitions.Text(0) == plain;
+  return only && !definitions.Step();
+}
+
+DirectCell::DirectCell(Database& database, std::string table, std::string column)
+    : database_(&database), table_(std::move(table)), column_(std::move(column)) {}
+
+DirectCell::~DirectCell() {
+  Close();
+}
+
+bool DirectCell::Write(std::int64_t key, std::string_view text) {
+  const int found = place_ != nullptr ? sqlite3_blob_reopen(place_, key)
+                                      : sqlite3_blob_open(database_->Handle(), "main", table_.c_str(),
+                                                          column_.c_str(), key, 1, &place_);
+  const int size = static_cast<int>(text.size());
+  if (found == SQLITE_OK && sqlite3_blob_bytes(place_) == size &&
+      sqlite3_blob_write(place_, text.data(), size, 0) == SQLITE_OK) {
+    database_->NoteDirectChange();
+    return true;
+  }
+  Close();
+  return false;
+}
+
+void DirectCell::Close() noexcept {
+  sqlite3_blob_close(std::exchange(place_, nullptr));
+}
+
+}  // namespace ADODB

@@ -1,0 +1,138 @@
+#include "platform/ado/RepeatedRows.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+
+#include "platform/ado/Database.h"
+#include "platform/ado/DistinctMemory.h"
+#include "platform/ado/Statement.h"
+#include "platform/ado/TableNames.h"
+#include "platform/jet/RowHash.h"
+#include "platform/jet/Translation.h"
+
+namespace ADODB {
+namespace {
+
+using velmar::jet::QuoteIdentifier;
+
+struct HashedRow {
+  std::uint64_t hash;
+  std::size_t place;  ///< from 0
+  auto operator<=>(const HashedRow&) const = default;
+};
+
+std::string ColumnList(const std::vector<std::string>& columns, const std::string& table) {
+  std::string list;
+  for (const std::string& column : columns)
+    list += (list.empty() ? "" : ", ") + table + QuoteIdentifier(column);
+  return list;
+}
+
+/// One hash for as many columns as a call of the engine takes.
+std::string HashList(const std::vector<std::string>& columns) {
+  std::string list;
+  for (std::size_t first = 0; first < columns.size(); first += velmar::jet::kRowHashValues) {
+    const auto begin = columns.begin() + static_cast<std::ptrdiff_t>(first);
+    const auto count = std::min<std::ptrdiff_t>(velmar::jet::kRowHashValues, columns.end() - begin);
+    list += std::string(", ") + velmar::jet::kRowHash + "(" +
+            ColumnList(std::vector<std::string>(begin, begin + count), {}) + ")";
+  }
+  return list;
+}
+
+}  // namespace
+
+std::optional<RepeatedRows> RepeatedRows::Of(Database& database, const velmar::jet::Translation& translation,
+                                             const DistinctMemory& memory) {
+  if (!translation.distinctTable) return std::nullopt;
+  const auto& [alias, name] = *translation.distinctTable;
+  const auto table = FindTable(database, alias, name);
+  if (!table) return std::nullopt;
+  RepeatedRows repeated(database);
+  repeated.columns_ = ColumnNames(database, alias, *table);
+  if (!repeated.CanCompare(alias, *table)) return std::nullopt;
+  repeated.table_ = QuoteIdentifier(alias) + "." + QuoteIdentifier(*table);
+  const bool known = alias == "main" && memory.Holds(*table);
+  if (!known) repeated.Find();
+  return repeated;
+}
+
+bool RepeatedRows::CanCompare(const std::string& alias, const std::string& table) {
+  // A view or a table without row keys has no such column; one with a column of its own of that name hides
+  // it.
+  if (FindName(columns_, "_rowid_")) return false;
+  sqlite3* handle = database_->Handle();
+  if (sqlite3_table_column_metadata(handle, alias.c_str(), table.c_str(), "_rowid_", nullptr, nullptr,
+                                    nullptr, nullptr, nullptr) != SQLITE_OK) {
+    return false;
+  }
+  return std::all_of(columns_.begin(), columns_.end(), [&](const std::string& column) {
+    const char* order = nullptr;
+    const bool known =
+        sqlite3_table_column_metadata(handle, alias.c_str(), table.c_str(), column.c_str(), nullptr, &order,
+                                      nullptr, nullptr, nullptr) == SQLITE_OK &&
+        order != nullptr;
+    const bool jet = known && SameName(order, "JET");
+    allJet_ = allJet_ && jet;
+    return jet || (known && SameName(order, "BINARY"));
+  });
+}
+
+void RepeatedRows::Find() {
+  std::vector<HashedRow> rows;
+  std::vector<std::int64_t> keys;
+  {
+    Statement all(*database_, "SELECT _rowid_" + HashList(columns_) + " FROM " + table_ + " NOT INDEXED");
+    const int count = all.ColumnCount();
+    while (all.Step()) {
+      std::uint64_t hash = 0;
+      for (int column = 1; column < count; ++column)
+        hash = hash * 31 + static_cast<std::uint64_t>(all.Long(column));
+      rows.push_back({hash, keys.size()});
+      keys.push_back(all.Long(0));
+    }
+  }
+  std::sort(rows.begin(), rows.end());
+  // The engine itself says whether rows of one hash are equal.
+  Statement same(*database_, "SELECT (" + ColumnList(columns_, "a.") + ") IS (" + ColumnList(columns_, "b.") +
+                                 ") FROM " + table_ + " a, " + table_ +
+                                 " b WHERE a._rowid_ = ?1 AND b._rowid_ = ?2");
+  std::vector<std::size_t> firsts;
+  for (std::size_t at = 0; at < rows.size(); ++at) {
+    if (at == 0 || rows[at].hash != rows[at - 1].hash) firsts.clear();
+    const bool repeats = std::any_of(firsts.begin(), firsts.end(), [&](std::size_t first) {
+      same.Bind(1, keys[first]);
+      same.Bind(2, keys[rows[at].place]);
+      const bool equal = same.Step() && same.Long(0) != 0;
+      same.Reset();
+      return equal;
+    });
+    if (repeats) {
+      places_.push_back(static_cast<std::int64_t>(rows[at].place) + 1);
+    } else {
+      firsts.push_back(rows[at].place);
+    }
+  }
+  std::sort(places_.begin(), places_.end());
+}
+
+std::int64_t RepeatedRows::CopyOthers(const velmar::jet::TargetTable& target) const {
+  // The engine copies a whole table page by page, much faster than chosen rows, and gives the rows of a new
+  // table the keys 1, 2, 3 and so on.
+  const std::string all = "SELECT * FROM " + table_ + " NOT INDEXED";
+  Statement insert(*database_, velmar::jet::InsertText(target, {}, all));
+  insert.Step();
+  const std::int64_t rows = sqlite3_changes64(database_->Handle());
+  insert.Reset();
+  Statement remove(*database_, "DELETE FROM " + QuoteIdentifier(target.alias) + "." +
+                                   QuoteIdentifier(target.table) + " WHERE _rowid_ = ?1");
+  for (const std::int64_t place : places_) {
+    remove.Bind(1, place);
+    remove.Step();
+    remove.Reset();
+  }
+  return rows - static_cast<std::int64_t>(places_.size());
+}
+
+}  // namespace ADODB

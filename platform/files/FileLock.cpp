@@ -1,0 +1,123 @@
+#include "platform/files/FileLock.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+#include "platform/error/ErrorNumber.h"
+#include "platform/error/OperationObserver.h"
+#include "platform/error/RuntimeError.h"
+
+namespace velmar::files {
+namespace {
+
+constexpr int kNone = -1;
+
+[[noreturn]] void Raise(int failure, const std::string& path) {
+  const std::string what = "No se puede crear el archivo \"" + path + "\": ";
+  switch (failure) {
+    case ENOENT:
+    case ENOTDIR:
+      throw RuntimeError(kPathNotFound, what + "la carpeta no existe. Compruebe la ruta.", "files");
+    case ENOSPC:
+    case EDQUOT:
+      throw RuntimeError(kDiskFull, what + "el disco está lleno. Libere espacio y vuelva a intentarlo.",
+                         "files");
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      throw RuntimeError(kPermissionDenied,
+                         what +
+                             "la carpeta es de sólo lectura o no tiene permiso para escribir en ella. Pida "
+                             "permiso de escritura.",
+                         "files");
+    default:
+      throw RuntimeError(kDeviceIoError,
+                         what + "el disco ha dado un error (" + std::generic_category().message(failure) +
+                             "). Compruebe el disco o la red.",
+                         "files");
+  }
+}
+
+int Open(const std::string& path) {
+  constexpr mode_t kMode = 0666;
+  int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kMode);
+  const int failure = errno;
+  // Another user's file may be there to be read only; a lock needs no more.
+  if (descriptor < 0 && failure == EACCES) descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0) Raise(failure, path);
+  return descriptor;
+}
+
+/// Between opening and locking, the one who held the file may have deleted it.
+bool StillThere(int descriptor, const std::string& path) {
+  struct stat held {};
+  struct stat named {};
+  return ::fstat(descriptor, &held) == 0 && ::stat(path.c_str(), &named) == 0 &&
+         held.st_dev == named.st_dev && held.st_ino == named.st_ino;
+}
+
+/// Locks of single bytes, as other office programs set them.
+bool HasRecordLock(int descriptor) {
+  struct flock lock {};
+  lock.l_type = F_WRLCK;
+  lock.l_whence = SEEK_SET;
+  return ::fcntl(descriptor, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+}
+
+}  // namespace
+
+std::optional<FileLock> FileLock::TryTake(const std::string& path) {
+  OperationObserver::Announce(Operation::kLockFile, path);
+  while (true) {
+    FileLock lock(Open(path), path);
+    if (::flock(lock.descriptor_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+      ::close(std::exchange(lock.descriptor_, kNone));
+      return std::nullopt;
+    }
+    if (StillThere(lock.descriptor_, path)) return lock;
+    ::close(std::exchange(lock.descriptor_, kNone));
+  }
+}
+
+bool FileLock::IsHeld(const std::string& path) {
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0) return false;
+  const bool held =
+      (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) || HasRecordLock(descriptor);
+  ::close(descriptor);
+  return held;
+}
+
+FileLock::FileLock(int descriptor, std::string path) noexcept
+    : descriptor_(descriptor), path_(std::move(path)) {}
+
+FileLock::FileLock(FileLock&& other) noexcept
+    : descriptor_(std::exchange(other.descriptor_, kNone)), path_(std::move(other.path_)) {}
+
+FileLock& FileLock::operator=(FileLock&& other) noexcept {
+  if (this != &other) {
+    Release();
+    descriptor_ = std::exchange(other.descriptor_, kNone);
+    path_ = std::move(other.path_);
+  }
+  return *this;
+}
+
+FileLock::~FileLock() {
+  Release();
+}
+
+void FileLock::Release() noexcept {
+  if (descriptor_ == kNone) return;
+  // Deleted while still held: whoever waits for it looks whether it is still there.
+  ::unlink(path_.c_str());
+  ::close(std::exchange(descriptor_, kNone));
+}
+
+}  // namespace velmar::files
