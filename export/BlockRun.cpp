@@ -41,11 +41,15 @@ BlockRun::BlockRun(const RunContext& context, RunLoop& loop, const WorkFiles& wo
 }
 
 BlockRun::~BlockRun() {
-  for (int index = context_.tmrExportacion.UBound(); index > 0; --index) {
-    if (context_.tmrExportacion.Has(index)) context_.tmrExportacion.Unload(index);
-  }
-  context_.tmrExportacion(0).Enabled(false);
-  pending_.Clear();
+  // A timer that cannot be taken back finds nothing pending.
+  ErrObject ignored;
+  ignored.Try([this] {
+    pending_.Clear();
+    context_.tmrExportacion(0).Enabled(false);
+    for (int index = context_.tmrExportacion.UBound(); index > 0; --index) {
+      if (context_.tmrExportacion.Has(index)) context_.tmrExportacion.Unload(index);
+    }
+  });
 }
 
 void BlockRun::ExportBlocks() {

@@ -47,6 +47,38 @@ class ScopedValue {
   Value previous_;
 };
 
+/// Lets go of the work folder at the end of a scope.
+class FolderRelease {
+ public:
+  explicit FolderRelease(std::optional<files::FileLock>& folder) : folder_(folder) {}
+  ~FolderRelease() { folder_.reset(); }
+  FolderRelease(const FolderRelease&) = delete;
+  FolderRelease& operator=(const FolderRelease&) = delete;
+
+ private:
+  std::optional<files::FileLock>& folder_;
+};
+
+/// True for failures of files, disks and locks, which no change of the selection would help.
+bool IsOfTheSurroundings(long number) {
+  switch (number) {
+    case kFileNotFound:
+    case kDeviceIoError:
+    case kFileAlreadyExists:
+    case kDiskFull:
+    case kPermissionDenied:
+    case kPathNotFound:
+    case kDatabaseNotFound:
+    case kDatabaseLocked:
+    case kReadOnly:
+    case kNotADatabase:
+    case kWrongPassword:
+      return true;
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 ExportRun::ExportRun(RunContext context)
@@ -63,6 +95,7 @@ Outcome ExportRun::ExportarDatos(const Selection& selection, const Collection<cC
     return Outcome::kRefused;
   }
   const ScopedValue running(running_, true);
+  const FolderRelease release(workFolder_);
   loop_.Begin();
   targetWritten_ = false;
   failure_.Clear();
@@ -105,6 +138,7 @@ bool ExportRun::ChooseTarget(Outcome& outcome) {
     context_.dlgExportar.Flags(controls::CommonDialog::kOverwritePrompt |
                                controls::CommonDialog::kHideReadOnly | controls::CommonDialog::kCreatePrompt);
     context_.dlgExportar.ShowSave();
+    workFolder_ = workFiles_.Reserve();
     strFichero_ = PrepareTarget(context_.dlgExportar.FileName(), workFiles_);
   });
   if (Err.Number() == 0) return true;
@@ -144,6 +178,7 @@ Outcome ExportRun::ReportStagingFailed(const ErrObject& Err) {
   ErrObject ignored;
   ignored.Try([&] { cIFunciones().CerrarConexion(context_.conAuxiliar); });
   Tell(kStagingFailed, toolkit::kExclamation);
+  if (IsOfTheSurroundings(failure_.Number())) TellReason();
   return Outcome::kStagingFailed;
 }
 
@@ -183,6 +218,7 @@ void ExportRun::ComprobarDatosExportados(short& resultado) {
   if (Err.Number() != 0 || empty) {
     failure_ = Err;
     Tell(kNoData, toolkit::kExclamation);
+    if (failure_.Number() != 0) TellReason();
     resultado = 0;
   } else {
     resultado = -1;
@@ -197,6 +233,7 @@ Outcome ExportRun::WriteWorkbook() {
   const ScopedValue current(blocks_, blocks.get());
   try {
     blocks->ExportBlocks();
+    targetWritten_ = blocks->TargetExists();
     context_.Begin(RunStage::kClosing);
     RemoveWorkDatabase();
     context_.prgExportar.Value(context_.prgExportar.Max());
@@ -221,11 +258,16 @@ Outcome ExportRun::ReportIncomplete(const BlockLedger& ledger) {
   ErrObject ignored;
   ignored.Try([&] { workFiles_.RemoveAll(); });
   Tell("¡No se han podido escribir " + std::to_string(ledger.LostRows()) + " filas de " +
-           std::to_string(ledger.Rows()) + "!\rMotivo: " + failure_.Description() +
-           "\rCorrija la causa y vuelva a exportar.",
+           std::to_string(ledger.Rows()) + "!\rMotivo: " + failure_.Description() + "\r" + StateOfTarget() +
+           " Corrija la causa y vuelva a exportar.",
        toolkit::kExclamation);
   HideBar();
   return Outcome::kIncomplete;
+}
+
+std::string ExportRun::StateOfTarget() const {
+  return targetWritten_ ? "El archivo " + strFichero_ + " está incompleto: no lo utilice."
+                        : "No se ha creado el archivo " + strFichero_ + ".";
 }
 
 void ExportRun::CleanUpCancelled() {
@@ -256,7 +298,13 @@ void ExportRun::HideBar() {
   context_.prgExportar.Value(context_.prgExportar.Min());
 }
 
+/// The messages above speak of the selection alone: where it is not to blame, a second one tells what is.
+void ExportRun::TellReason() {
+  Tell("La causa no está en la selección.\r" + failure_.Description(), toolkit::kExclamation);
+}
+
 void ExportRun::Tell(const std::string& message, long style) {
+  workFolder_.reset();  // A box may stand for hours, and nothing is worked on behind it.
   context_.window.Surroundings().Beep();
   context_.window.Surroundings().MsgBox(message, style, context_.host->TituloAplicacion());
 }

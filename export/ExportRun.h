@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "catalogue/Collection.h"
@@ -10,6 +11,7 @@
 #include "export/StagingStatement.h"
 #include "export/WorkFiles.h"
 #include "platform/error/ErrObject.h"
+#include "platform/files/FileLock.h"
 #include "query/Selection.h"
 
 namespace velmar::exporting {
@@ -67,8 +69,10 @@ class ExportRun {
   void CleanUpCancelled();
   void RemoveWorkDatabase();
   void CloseAuxiliar();
+  std::string StateOfTarget() const;
   void HideBar();
   void Tell(const std::string& message, long style);
+  void TellReason();
 
   RunContext context_;
   RunLoop loop_;
@@ -77,6 +81,8 @@ class ExportRun {
   BlockRun* blocks_ = nullptr;
   std::string strFichero_;
   ErrObject failure_;
+  /// Held while there may be work files of this run that are in use.
+  std::optional<files::FileLock> workFolder_;
   bool targetWritten_ = false;
   bool running_ = false;
 };

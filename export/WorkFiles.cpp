@@ -3,19 +3,25 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "platform/ado/Catalog.h"
 #include "platform/ado/ConnectionText.h"
+#include "platform/error/ErrorNumber.h"
+#include "platform/error/RuntimeError.h"
 #include "platform/files/Files.h"
+#include "platform/files/NamePattern.h"
 #include "platform/files/Paths.h"
+#include "platform/text/Case.h"
 #include "platform/text/Search.h"
 
 namespace velmar::exporting {
 namespace {
 
-constexpr const char* kAuxiliaryFile = "ExportacionAux.mdb";
 constexpr const char* kAllWorkFiles = "Exportacion*.mdb";
+// No work file's name, or the sweep would delete it.
+constexpr const char* kLockFile = "VelmarExportacion.lock";
 
 }  // namespace
 
@@ -34,6 +40,22 @@ std::string WorkFiles::FilePath(const std::string& archivo) const {
 
 std::string WorkFiles::QuotedPath(const std::string& archivo) const {
   return text::Replace(FilePath(archivo), "'", "''");
+}
+
+files::FileLock WorkFiles::Reserve() const {
+  const std::string folder = FilePath("");
+  if (text::Contains(folder, "]") || text::Contains(text::LCase(folder), ";pwd=")) {
+    throw RuntimeError(kInvalidProcedureCall,
+                       "No se puede exportar con las bases de datos en la carpeta " + folder +
+                           ": su nombre no puede contener ] ni ;pwd=. Cambie el nombre de la carpeta.",
+                       "VelmarExportacion");
+  }
+  auto lock = files::FileLock::TryTake(FilePath(kLockFile));
+  if (lock) return std::move(*lock);
+  throw RuntimeError(kPermissionDenied,
+                     "Ya hay una exportación en curso con los archivos de trabajo de la carpeta " + folder +
+                         ". Espere a que termine en el otro asistente y vuelva a exportar.",
+                     "VelmarExportacion");
 }
 
 std::shared_ptr<ADODB::Connection> WorkFiles::CrearBaseAuxiliar() const {
@@ -72,6 +94,14 @@ void WorkFiles::Remove(const std::string& pattern) const {
 
 void WorkFiles::RemoveAll() const {
   Remove(kAllWorkFiles);
+}
+
+bool WorkFiles::IsWorkFile(const std::string& path) const {
+  const std::filesystem::path file(path);
+  std::error_code failure;
+  if (!std::filesystem::equivalent(file.parent_path(), FilePath(""), failure)) return false;
+  const std::string name = file.filename().string();
+  return files::NamePattern(kAllWorkFiles).Matches(name) || files::NamePattern(kLockFile).Matches(name);
 }
 
 bool WorkFiles::IsHostDatabase(const std::string& path) const {

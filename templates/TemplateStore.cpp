@@ -116,6 +116,22 @@ std::vector<std::string> TemplateStore::Names() const {
   return names;
 }
 
+std::vector<TemplateStore::Summary> TemplateStore::Summaries() const {
+  const auto rows = Select(
+      "SELECT Nombre, Count(*) AS Campos, Sum(IIf(FiltroCampo <> '', 1, 0)) AS Filtros, "
+      "Sum(IIf(OrdenCampo <> -1, 1, 0)) AS Ordenados FROM ExportacionPlantillas WHERE CodUsuario = " +
+      std::to_string(codUsuario_) + " GROUP BY Nombre ORDER BY Nombre");
+  const auto number = [&rows](std::string_view column) {
+    return static_cast<long>(Value(*rows, column).AsLong());
+  };
+  std::vector<Summary> summaries;
+  for (; !rows->Eof(); rows->MoveNext()) {
+    summaries.push_back(
+        {Value(*rows, "Nombre").AsText(), number("Campos"), number("Filtros"), number("Ordenados")});
+  }
+  return summaries;
+}
+
 bool TemplateStore::Exists(const std::string& name) const {
   return Select("SELECT Nombre FROM ExportacionPlantillas " + Where(name))->RecordCount() != 0;
 }

@@ -35,6 +35,14 @@ class TemplateStore {
     kReplace,  ///< It goes, in the same transaction.
   };
 
+  /// What one template holds.
+  struct Summary {
+    std::string name;
+    long fields = 0;
+    long filters = 0;  ///< of the fields, those with a filter
+    long sorted = 0;   ///< of the fields, those in the sort list
+  };
+
   /// doEvents gives the message loop a turn behind each statement that returns rows. kObjectNotSet without a
   /// connection.
   TemplateStore(std::shared_ptr<ADODB::Connection> conGestion, std::int32_t codUsuario,
@@ -42,6 +50,8 @@ class TemplateStore {
 
   /// Each template once, in the order of their names.
   std::vector<std::string> Names() const;
+  /// The same templates in the same order, also those whose names cannot stand in a statement.
+  std::vector<Summary> Summaries() const;
   bool Exists(const std::string& name) const;
   /// Replaces `into`, by nothing for a name without template. After a failure it holds what was read until
   /// then. Progress counts the fields and then, under the same total, the sort list.

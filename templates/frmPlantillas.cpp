@@ -76,8 +76,9 @@ TemplateStore frmPlantillas::Store() const {
 }
 
 void frmPlantillas::Form_Load() {
-  // The report is made when it is needed: the API object comes to be within these steps.
+  // A failure in front of the API object's own step is told as well.
   const FailureReport report = [this](const RuntimeError& failure, const std::string& routine) {
+    if (objApi_ == nullptr) objApi_ = CreateHostApi();
     Report()(failure, routine);
   };
   RunReporting(report, "Form_Load()", [this] {

@@ -22,7 +22,11 @@ exporting::RunContext ContextOf(frmExportacion& window) {
           window.tmrExportacion,
           CreateHostApi,
           CreateCuentaCodec,
-          report};
+          report,
+          exporting::CurrentYear,
+          [&window](exporting::RunStage stage) {
+            if (window.watch.stageBegins) window.watch.stageBegins(stage);
+          }};
 }
 
 }  // namespace
@@ -30,7 +34,8 @@ exporting::RunContext ContextOf(frmExportacion& window) {
 ExcelExport::ExcelExport(frmExportacion& window) : window_(window), run_(ContextOf(window)) {}
 
 void ExcelExport::ExportarDatos() {
-  run_.ExportarDatos(window_.CurrentSelection(), window_.mcolCampos());
+  const exporting::Outcome outcome = run_.ExportarDatos(window_.CurrentSelection(), window_.mcolCampos());
+  if (window_.watch.ended) window_.watch.ended(outcome, run_.Failure());
 }
 
 std::unique_ptr<ExportRunner> ExcelExport::Make(frmExportacion& window) {

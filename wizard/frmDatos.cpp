@@ -92,8 +92,9 @@ void frmDatos::AddControls() {
 }
 
 void frmDatos::Form_Load() {
-  // The report is made when it is needed: the API object comes to be within these steps.
+  // A failure in front of the API object's own step is told as well.
   const FailureReport report = [this](const RuntimeError& failure, const std::string& routine) {
+    if (objApi_ == nullptr) objApi_ = CreateHostApi();
     ReportToHost(objApi_, kForm)(failure, routine);
   };
   RunReporting(report, "Form_Load()", [this] {

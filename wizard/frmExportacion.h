@@ -14,6 +14,7 @@
 #include "query/Selection.h"
 #include "wizard/ExportControls.h"
 #include "wizard/ExportRunner.h"
+#include "wizard/ExportWatch.h"
 #include "wizard/FieldSelection.h"
 #include "wizard/FilterEditor.h"
 #include "wizard/OrderEditor.h"
@@ -46,6 +47,9 @@ class frmExportacion : public toolkit::Form, public ExportControls {
   const std::shared_ptr<HostApi>& objApi() const noexcept { return objApi_; }
   /// The connection to the work database of an export. Each export replaces it.
   std::shared_ptr<ADODB::Connection>& conAuxiliar() noexcept { return conAuxiliar_; }
+
+  /// Told of this window's exports.
+  ExportWatch watch;
 
   /// The selection that the controls hold.
   Selection CurrentSelection() const;

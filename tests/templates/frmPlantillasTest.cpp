@@ -128,6 +128,30 @@ TEST_F(frmPlantillasTest, AsksBeforeItReplaces) {
   EXPECT_EQ(office.Table().back(), "Socios|7|(DON) Donativos|22|Tipo|-1|");
 }
 
+TEST_F(frmPlantillasTest, DoubleClickBesideTheListSavesUnderTheNameInTheBox) {
+  FillControls();
+  Save([](frmPlantillas& form) {
+    EXPECT_TRUE(form.txtPlantilla.UserFocus());
+    EXPECT_TRUE(form.txtPlantilla.UserType(" Nueva"));
+    EXPECT_TRUE(form.lstPlantilla.UserDoubleClick(-1));
+    EXPECT_FALSE(form.Visible());
+  });
+  EXPECT_THAT(office.Store().Names(), ElementsAre(" Nueva"));
+  EXPECT_THAT(office.Boxes(), IsEmpty());
+}
+
+TEST_F(frmPlantillasTest, FailureOfTheLoadIsToldAndTheDialogComesUp) {
+  Store("Socios");
+  office.host->icon = "no/hay.ico";
+  Load([](frmPlantillas& form) {
+    EXPECT_TRUE(form.txtPlantilla.UserFocus());
+    EXPECT_TRUE(form.cmdPlantilla(frmPlantillas::kCancel).UserClick());
+  });
+  const auto reported = office.Reported();
+  ASSERT_EQ(reported.size(), 1U);
+  EXPECT_THAT(reported[0], ::testing::StartsWith("VerError Form_Load() frmPlantillas VelmarExportacion "));
+}
+
 TEST_F(frmPlantillasTest, QuestionShowsTheQuotedName) {
   FillControls();
   Save([](frmPlantillas& form) {
@@ -217,7 +241,7 @@ TEST_F(frmPlantillasTest, ApostrophesFailUnderTheRoutinesLabel) {
   // A filter with an apostrophe: nothing is replaced, and the dialog closes.
   office.grid.TextMatrix(1, 2, "{Provincia} = `L'Hospitalet´");
   office.toolkit.AlwaysAnswer(toolkit::kYes);
-  Save([this](frmPlantillas& form) {
+  Save([](frmPlantillas& form) {
     form.txtPlantilla.Text("Socios");
     form.cmdPlantilla_Click(frmPlantillas::kAccept);
     EXPECT_FALSE(form.Visible());

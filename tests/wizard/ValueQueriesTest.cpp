@@ -128,6 +128,22 @@ TEST_F(ValueQueriesTest, ListsTheValuesOfTheLiveRows) {
   EXPECT_FALSE(List("colaboradores.nombre").contains("Borrada"));
 }
 
+TEST_F(ValueQueriesTest, DatesAreCutAsTheyStandWhateverTheirLength) {
+  office->main->BeginTrans();
+  office->main->Execute("UPDATE Colaboradores SET FechaBaja = ''");
+  const std::pair<const char*, const char*> cases[] = {
+      {"20240229", "29/02/2024"}, {"2024", "24//2024"}, {"2024022", "22/02/2024"}, {"1", "1//1"}};
+  Values expected;
+  int id = 10;
+  for (const auto& [stored, shown] : cases) {
+    office->main->Execute("UPDATE Colaboradores SET Eliminado = False, FechaBaja = '" + std::string(stored) +
+                          "' WHERE IDColaborador = " + std::to_string(++id));
+    expected.insert(shown);
+  }
+  EXPECT_EQ(List("colaboradores.fechabaja"), expected);
+  office->main->RollbackTrans();
+}
+
 TEST_F(ValueQueriesTest, ListsWordsForCodesThatAreInUse) {
   std::set<long long> sexes;
   std::set<bool> kinds;
@@ -197,6 +213,9 @@ TEST_F(ValueQueriesTest, ListsTheDeclaredWhileThereAreAny) {
   Values found;
   for (const char* key : keys) found.merge(list(key));
   EXPECT_THAT(found, ::testing::ElementsAre("1R", "A", "Ana", "Soria"));
+  office->main->Execute("INSERT INTO Modelo182Hacienda (CodColaborador, Importe) VALUES (3, 12.5)");
+  office->main->Execute("INSERT INTO Modelo182Hacienda (CodColaborador, Importe) VALUES (4, 12.5)");
+  EXPECT_THAT(list("importe"), ::testing::ElementsAre("12.5"));
   office->main->RollbackTrans();
 }
 
@@ -217,6 +236,21 @@ TEST(ValueQueryTextTest, StatementsAreTheGivenTexts) {
        "modelo182hacienda.importe <> '' AND modelo182hacienda.importe IS NOT NULL"},
       {"colaboradores.pais", "SELECT DISTINCT Nombre AS Campo FROM Paises WHERE Eliminado = False"},
       {"remesas.codemisor", "SELECT DISTINCT Nombre AS Campo FROM Emisores WHERE Emisores.Eliminado = False"},
+      {"colaboradores.sexo",
+       "SELECT TOP 1 'Hombre' AS Campo FROM Colaboradores WHERE Sexo=1 AND Colaboradores.Eliminado=0 UNION "
+       "SELECT TOP 1 'Mujer' AS Campo FROM Colaboradores WHERE Sexo=2 AND Colaboradores.Eliminado=0"},
+      {"colaboradores.juridico",
+       "SELECT TOP 1 'Jurídica' AS Campo FROM Colaboradores WHERE Juridico=-1 AND Colaboradores.Eliminado=0 "
+       "UNION SELECT TOP 1 'Física' AS Campo FROM Colaboradores WHERE Juridico=0 AND "
+       "Colaboradores.Eliminado=0"},
+      {"cobros.textorecibo",
+       "SELECT DISTINCT Cobros.TextoRecibo AS Campo FROM Cobros WHERE Cobros.TextoRecibo<>'' AND "
+       "Cobros.TextoRecibo IS NOT NULL AND Cobros.Eliminado=0"},
+      {"remesas.cuenta",
+       "SELECT DISTINCT (Bancos.Numero + '' + Sucursales.Codigo + '' + Cuentas.DC + '' + Cuentas.Numero) AS "
+       "Campo FROM Cuentas INNER JOIN (Sucursales INNER JOIN Bancos ON Sucursales.CodBanco = "
+       "Bancos.IDBanco) ON Cuentas.CodSucursal = Sucursales.IDSucursal WHERE Cuentas.Eliminado = False AND "
+       "Cuentas.Numero IS NOT NULL"},
       {"Colaboradores.cp", ""},
       {"colaboradores.email", ""},
       {"", ""},

@@ -61,6 +61,29 @@ TEST_F(WindowDialogsTest, FetchedValueReplacesTheSelection) {
   EXPECT_EQ(form->txtFiltro.Text(), "{·Año} = `Núñez´ Y x");
 }
 
+TEST_F(WindowDialogsTest, EachUseIsForTheCurrentRowAndStartsAfresh) {
+  Add(kCol, {"Nombre", "Apellidos", "ciudad"});
+  SelectRows(3, 2);
+  const long field = form->msgSeleccionados.RowData(form->msgSeleccionados.Row());
+  for (int use = 0; use < 2; ++use) {
+    bool shown = false;
+    office.toolkit.WhenShown("frmDatos", [&](toolkit::Form& window) {
+      shown = true;
+      auto& dialog = dynamic_cast<frmDatos&>(window);
+      EXPECT_EQ(dialog.mintIDCampo, field);
+      EXPECT_TRUE(dialog.optDatos(frmDatos::kTyped).Value());
+      EXPECT_EQ(dialog.txtDatos.Text(), "");
+      EXPECT_EQ(dialog.mstrValorCampoElegido, "");
+      dialog.txtDatos.Text("valor");
+      EXPECT_TRUE(dialog.optDatos(frmDatos::kPicked).UserClick());
+      EXPECT_TRUE(dialog.cmdDatos(frmDatos::kCancel).UserClick());
+    });
+    EXPECT_TRUE(form->cmdVerDatos.UserClick());
+    EXPECT_TRUE(shown);
+  }
+  EXPECT_EQ(form->txtFiltro.Text(), "");
+}
+
 TEST_F(WindowDialogsTest, TemplateIsSavedAndComesBack) {
   EXPECT_TRUE(form->cmdExportar(Controls::kSaveTemplate).UserClick());
   EXPECT_THAT(office.Boxes(),

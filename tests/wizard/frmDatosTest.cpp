@@ -251,6 +251,14 @@ TEST_F(frmDatosTest, RecordsetThatFailsEndsTheListAndIsToldOnce) {
   EXPECT_THAT(Reported(), ElementsAre("VerError fillValorCampos frmDatos VelmarExportacion 3704"));
 }
 
+TEST_F(frmDatosTest, FailureOfTheLoadIsToldAndTheDialogComesUp) {
+  host->icon = "no/hay.ico";
+  EXPECT_THAT(Fill(kImporte), ElementsAre("10.5", "9"));
+  const auto reported = Reported();
+  ASSERT_EQ(reported.size(), 1U);
+  EXPECT_THAT(reported[0], ::testing::StartsWith("VerError Form_Load() frmDatos VelmarExportacion "));
+}
+
 TEST_F(frmDatosTest, ListsAHundredThousandValuesInOrder) {
   constexpr long kCount = 100000;
   host->main->BeginTrans();

@@ -33,14 +33,9 @@ class NotingApi : public HostApi {
 TEST(FailureReport, TheHostIsToldTheRoutineAndCanReadTheFailure) {
   const auto api = std::make_shared<NotingApi>();
   const FailureReport report = ReportToHost(api, "frmExportacion");
-  int rest = 0;
-  EXPECT_TRUE(RunReporting(report, "Uno ()", [&] { ++rest; }));
-  EXPECT_FALSE(RunReporting(report, "Dos ()", [&] {
-    throw RuntimeError(53, "no está");
-    ++rest;
-  }));
+  EXPECT_TRUE(RunReporting(report, "Uno ()", [] {}));
+  EXPECT_FALSE(RunReporting(report, "Dos ()", [] { throw RuntimeError(53, "no está"); }));
   EXPECT_FALSE(RunReporting(report, "Tres ()", [] { throw std::runtime_error("de otro"); }));
-  EXPECT_EQ(rest, 1);
   EXPECT_THAT(api->notes, ElementsAre("Dos ()|frmExportacion|VelmarExportacion|53|no está",
                                       "Tres ()|frmExportacion|VelmarExportacion|51|de otro"));
   EXPECT_EQ(CurrentError().Number(), 0);

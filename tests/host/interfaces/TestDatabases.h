@@ -1,37 +1,21 @@
 #pragma once
 
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <filesystem>
 #include <memory>
 #include <string>
 
 #include "platform/ado/Catalog.h"
 #include "platform/ado/Connection.h"
 #include "platform/ado/Recordset.h"
+#include "platform/files/TemporaryFolder.h"
 
 namespace velmar::testing {
 
 /// Real database files in a folder of their own, which goes with this object.
 class TestDatabases {
  public:
-  TestDatabases() {
-    static int count = 0;
-    folder_ = std::filesystem::path(::testing::TempDir()) /
-              ("velmar databases " + std::to_string(::getpid()) + " " + std::to_string(++count));
-    std::filesystem::create_directories(folder_);
-  }
-  ~TestDatabases() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-  }
-  TestDatabases(const TestDatabases&) = delete;
-  TestDatabases& operator=(const TestDatabases&) = delete;
-
   /// The connection string of a file, which need not exist.
   std::string Text(const std::string& file, const std::string& password = {}) const {
-    std::string text = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + (folder_ / file).string();
+    std::string text = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + folder_ / file;
     if (!password.empty()) text += ";Jet OLEDB:Database Password=" + password;
     return text;
   }
@@ -45,7 +29,7 @@ class TestDatabases {
   }
 
  private:
-  std::filesystem::path folder_;
+  files::TemporaryFolder folder_;
 };
 
 }  // namespace velmar::testing

@@ -11,29 +11,24 @@ namespace {
 
 TEST(cIFunciones, ChangesOnlyWhatIsNotYetInTheStateWanted) {
   const testing::TestDatabases databases;
-  databases.Create("Gestion.mdb", "clave")->Close();
+  const auto connection = databases.Create("Gestion.mdb", "clave");
   const cIFunciones functions;
-  const auto connection = std::make_shared<ADODB::Connection>(databases.Text("Gestion.mdb", "clave"));
-  functions.CerrarConexion(connection);
-  EXPECT_EQ(connection->State(), 0);
-  functions.AbrirConexion(connection);
-  EXPECT_EQ(connection->State(), 1);
-  functions.AbrirConexion(connection);  // a second Open would fail
-  EXPECT_EQ(connection->State(), 1);
-
+  for (int twice = 0; twice < 2; ++twice) {
+    functions.CerrarConexion(connection);
+    EXPECT_EQ(connection->State(), 0);
+  }
+  for (int twice = 0; twice < 2; ++twice) {
+    functions.AbrirConexion(connection);
+    EXPECT_EQ(connection->State(), 1);
+  }
   connection->Execute("CREATE TABLE T (A LONG)");
-  auto recordset = connection->Execute("SELECT A FROM T");
-  const auto same = recordset;
-  functions.CerrarRecordset(recordset);
-  EXPECT_EQ(recordset, nullptr);
-  EXPECT_EQ(same->State(), 0);
-  recordset = same;
-  functions.CerrarRecordset(recordset);
-  EXPECT_EQ(recordset, nullptr);
-
-  functions.CerrarConexion(connection);
-  functions.CerrarConexion(connection);
-  EXPECT_EQ(connection->State(), 0);
+  const auto recordset = connection->Execute("SELECT A FROM T");
+  for (int twice = 0; twice < 2; ++twice) {
+    auto given = recordset;
+    functions.CerrarRecordset(given);
+    EXPECT_EQ(given, nullptr);
+    EXPECT_EQ(recordset->State(), 0);
+  }
 }
 
 TEST(cIFunciones, FailuresGoToTheCaller) {
@@ -48,16 +43,9 @@ TEST(cIFunciones, FailuresGoToTheCaller) {
     }
     return 0L;
   };
-  EXPECT_EQ(
-      number([&] {
-        functions.AbrirConexion(std::make_shared<ADODB::Connection>(databases.Text("Gestion.mdb", "otra")));
-      }),
-      kWrongPassword);
-  EXPECT_EQ(number([&] {
-              functions.AbrirConexion(std::make_shared<ADODB::Connection>(databases.Text("Falta.mdb")));
-            }),
-            kDatabaseNotFound);
+  const auto wrong = std::make_shared<ADODB::Connection>(databases.Text("Gestion.mdb", "otra"));
   std::shared_ptr<ADODB::Recordset> none;
+  EXPECT_EQ(number([&] { functions.AbrirConexion(wrong); }), kWrongPassword);
   EXPECT_EQ(number([&] { functions.AbrirConexion(nullptr); }), kObjectNotSet);
   EXPECT_EQ(number([&] { functions.CerrarConexion(nullptr); }), kObjectNotSet);
   EXPECT_EQ(number([&] { functions.CerrarRecordset(none); }), kObjectNotSet);
