@@ -93,7 +93,7 @@ void DatabaseGenerator::CreateReports(const std::string& path) {
   reports->BeginTrans();
   ExecuteAll(*reports, ReportTables());
   WriteCatalogue(*reports);
-  WriteTemplateExamples(*reports);
+  WriteTemplateExamples(*reports, "ExportacionPlantillasTEMP", options_.date);
   reports->CommitTrans();
   reports->Close();
 }
@@ -105,6 +105,7 @@ void DatabaseGenerator::CreateMain(const std::string& path) {
   ExecuteAll(*main, MainTables());
   FillMain(*main);
   ExecuteAll(*main, MainIndexes());
+  WriteTemplateExamples(*main, "ExportacionPlantillas", options_.date);
   main->CommitTrans();
   main->Close();
 }

@@ -113,10 +113,6 @@ constexpr auto kReportTables = std::to_array<std::string_view>({
     "LiteralCampo TEXT(60) NOT NULL, CaracterValorCampo TEXT(1), LiteralCampoSELECT MEMO NOT NULL, "
     "LiteralCampoORDERBY MEMO NOT NULL, LiteralCampoWHERE MEMO NOT NULL, IDTabla SHORT NOT NULL, "
     "LiteralTabla TEXT(40) NOT NULL)",
-
-    "CREATE TABLE ExportacionPlantillasTEMP (Nombre TEXT(150) NOT NULL, CodUsuario LONG NOT NULL, "
-    "LiteralTabla TEXT(40) NOT NULL, IDCampo SHORT NOT NULL, LiteralCampo TEXT(60) NOT NULL, "
-    "OrdenCampo SHORT NOT NULL, FiltroCampo MEMO NOT NULL)",
 });
 
 }  // namespace

@@ -14,7 +14,7 @@ std::span<const std::string_view> MainTables();
 /// The CREATE INDEX statements of the main database, to be run when the tables are filled.
 std::span<const std::string_view> MainIndexes();
 
-/// The CREATE TABLE statements of the reports database.
+/// The CREATE TABLE statements of the reports database, but for the templates: see WriteTemplateExamples.
 std::span<const std::string_view> ReportTables();
 
 }  // namespace velmar::sample

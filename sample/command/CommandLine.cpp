@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <filesystem>
-#include <memory>
+#include <limits>
+#include <utility>
 
 #include "platform/ado/Recordset.h"
 #include "platform/error/ErrorNumber.h"
@@ -12,9 +14,12 @@
 #include "sample/CalendarDate.h"
 #include "sample/DatabaseGenerator.h"
 #include "sample/SampleFiles.h"
+#include "sample/TemplateExamples.h"
+#include "sample/command/CommandError.h"
+#include "sample/command/TemplateList.h"
+#include "sample/command/TemplateRun.h"
 #include "sample/command/UsageError.h"
 #include "sample/command/WizardRun.h"
-#include "sample/command/WorkbookExport.h"
 
 namespace velmar::sample {
 namespace {
@@ -27,27 +32,28 @@ constexpr std::array<Option, 6> kCreateOptions = {{{"--carpeta"},
                                                    {"--fecha"},
                                                    {"--clave-gestion"},
                                                    {"--clave-informes"}}};
-constexpr std::array<Option, 5> kExportOptions = {
-    {{"--carpeta"}, {"--fichero"}, {"--sentencia"}, {"--clave-gestion"}, {"--sobrescribir", true}}};
+constexpr std::array<Option, 8> kExportOptions = {{{"--plantilla"},
+                                                   {"--fichero"},
+                                                   {"--usuario"},
+                                                   {"--carpeta"},
+                                                   {"--relacion-parcial", true},
+                                                   {"--clave-gestion"},
+                                                   {"--clave-informes"},
+                                                   {"--sobrescribir", true}}};
+constexpr std::array<Option, 4> kListOptions = {
+    {{"--usuario"}, {"--carpeta"}, {"--clave-gestion"}, {"--clave-informes"}}};
+constexpr std::array<Option, 6> kStatementOptions = {{{"--plantilla"},
+                                                      {"--usuario"},
+                                                      {"--carpeta"},
+                                                      {"--relacion-parcial", true},
+                                                      {"--clave-gestion"},
+                                                      {"--clave-informes"}}};
 constexpr std::array<Option, 2> kDemoOptions = {{{"--colaboradores"}, {"--semilla"}}};
+
+constexpr long long kMaximumUser = std::numeric_limits<std::int32_t>::max();
 
 constexpr const char* kDemoFolder = "out";
 constexpr const char* kDemoWorkbook = "Exportacion.xls";
-
-/// The receipts of live collaborators with what was paid for, those without a province included.
-constexpr std::string_view kDefaultStatement =
-    "SELECT Colaboradores.IDColaborador AS Colaborador, Colaboradores.Apellido1 AS Apellido1, "
-    "Colaboradores.Apellido2 AS Apellido2, Colaboradores.Nombre AS Nombre, Colaboradores.NIF AS NIF, "
-    "Provincias.Nombre AS Provincia, Recibos.IDRecibo AS Recibo, "
-    "IIf(Recibos.FechaCobro = '', '', Right(Recibos.FechaCobro, 2) & '/' & Mid(Recibos.FechaCobro, 5, 2) & "
-    "'/' & "
-    "Left(Recibos.FechaCobro, 4)) AS FechaCobro, Cobros.TextoRecibo AS Concepto, Cobros.Importe AS Importe "
-    "FROM ((Colaboradores LEFT JOIN Provincias ON Colaboradores.CodProvincia = Provincias.IDProvincia) "
-    "INNER JOIN Recibos ON Colaboradores.IDColaborador = Recibos.CodColaborador) "
-    "INNER JOIN Cobros ON Recibos.IDRecibo = Cobros.CodRecibo "
-    "WHERE Colaboradores.Eliminado = 0 AND Recibos.Eliminado = 0 "
-    "ORDER BY Colaboradores.Apellido1, Colaboradores.Apellido2, Colaboradores.Nombre, Recibos.IDRecibo, "
-    "Cobros.IDCobro";
 
 /// The receipts that were issued last year, collected, pending or not, with whom and what they are for.
 std::vector<WizardRun::Field> DemoSelection() {
@@ -68,15 +74,31 @@ std::vector<WizardRun::Field> DemoSelection() {
           {receipts, "Cuenta bancaria", "", false}};
 }
 
-/// The folder's main database must be there: a missing file is not made.
-std::string MainDatabaseIn(const std::string& folder) {
-  std::string path = PathIn(folder, kMainFile);
-  if (!std::filesystem::exists(path)) {
+/// The host of a command over existing databases: a file that is missing is not made.
+SampleHost::Settings HostOf(const Arguments& arguments) {
+  SampleHost::Settings settings;
+  settings.folder = arguments.Find("--carpeta").value_or(".");
+  settings.user =
+      static_cast<std::int32_t>(arguments.Number("--usuario", kExampleUser, -kMaximumUser - 1, kMaximumUser));
+  settings.mainPassword = arguments.Find("--clave-gestion").value_or("");
+  settings.reportsPassword = arguments.Find("--clave-informes").value_or("");
+  for (const std::string_view file : {kMainFile, kReportsFile}) {
+    const std::string path = PathIn(settings.folder, file);
+    if (std::filesystem::exists(path)) continue;
     throw RuntimeError(kDatabaseNotFound,
-                       "No existe '" + path + "'. Cree antes las bases de datos con la orden 'crear'.",
+                       "No existe '" + path +
+                           "'. Indique con --carpeta dónde están las bases de datos, o créelas con la orden "
+                           "'crear'.",
                        "CommandLine");
   }
-  return path;
+  return settings;
+}
+
+TemplateRun RunOf(const Arguments& arguments) {
+  std::string name = arguments.Require("--plantilla");
+  return {
+      HostOf(arguments), std::move(name),
+      arguments.Has("--relacion-parcial") ? Selection::Relation::kPartial : Selection::Relation::kComplete};
 }
 
 long long CountRows(ADODB::Connection& connection, std::string_view table) {
@@ -98,17 +120,28 @@ GeneratorOptions OptionsOf(const Arguments& arguments, const std::string& folder
 }  // namespace
 
 std::span<const CommandLine::Command> CommandLine::Commands() {
-  static const std::array<Command, 3> commands = {{
+  static const std::array<Command, 5> commands = {{
       {"crear",
        "crear --carpeta CARPETA [--colaboradores N] [--semilla S] [--fecha AAAA-MM-DD]\n"
        "        [--clave-gestion CLAVE] [--clave-informes CLAVE]\n"
        "      Crea Gestion.mdb e Informes.mdb con los datos de una entidad de ejemplo.",
        kCreateOptions, &CommandLine::Create},
-      {"exportar-sql",
-       "exportar-sql --carpeta CARPETA --fichero LIBRO.xls [--sentencia \"SELECT ...\"]\n"
-       "        [--clave-gestion CLAVE] [--sobrescribir]\n"
-       "      Exporta una consulta de Gestion.mdb a un libro de Excel.",
-       kExportOptions, &CommandLine::ExportSql},
+      {"exportar",
+       "exportar --plantilla NOMBRE --fichero LIBRO.xls [--usuario N] [--carpeta CARPETA]\n"
+       "        [--relacion-parcial] [--sobrescribir] [--clave-gestion CLAVE]\n"
+       "        [--clave-informes CLAVE]\n"
+       "      Exporta una plantilla guardada, como el botón 'Exportar' del asistente. No pregunta\n"
+       "      nada y sólo sustituye un libro con --sobrescribir. Ctrl-C cancela: no queda nada.",
+       kExportOptions, &CommandLine::Export},
+      {"plantillas",
+       "plantillas [--usuario N] [--carpeta CARPETA] [--clave-gestion CLAVE]\n"
+       "      Muestra las plantillas de un usuario: nombre, campos, filtros y campos del orden.",
+       kListOptions, &CommandLine::ListTemplates},
+      {"sentencia",
+       "sentencia --plantilla NOMBRE [--usuario N] [--carpeta CARPETA] [--relacion-parcial]\n"
+       "        [--clave-gestion CLAVE] [--clave-informes CLAVE]\n"
+       "      Muestra la sentencia SQL que ejecutaría la exportación, sin exportar.",
+       kStatementOptions, &CommandLine::PrintStatement},
       {"demo",
        "demo [--colaboradores N] [--semilla S]\n"
        "      Crea las bases de datos en la carpeta 'out', si faltan, y exporta con el\n"
@@ -119,9 +152,10 @@ std::span<const CommandLine::Command> CommandLine::Commands() {
 }
 
 int CommandLine::Run(const std::vector<std::string>& words) {
+  std::ostream& err = terminal_.err;
   if (!words.empty() && (words[0] == "ayuda" || words[0] == "--ayuda" || words[0] == "--help")) {
-    PrintUsage(out_);
-    return 0;
+    PrintUsage(terminal_.out);
+    return kDone;
   }
   try {
     if (words.empty()) throw UsageError("Falta la orden.");
@@ -130,22 +164,34 @@ int CommandLine::Run(const std::vector<std::string>& words) {
                                       [&](const Command& candidate) { return candidate.name == words[0]; });
     if (command == commands.end()) throw UsageError("La orden '" + words[0] + "' no existe.");
     (this->*command->run)(Arguments(std::span(words).subspan(1), command->options));
-    return 0;
+    return kDone;
   } catch (const UsageError& error) {
-    err_ << error.what() << "\n\n";
-    PrintUsage(err_);
-    return 2;
+    err << error.what() << "\n\n";
+    PrintUsage(err);
+    return kNotUnderstood;
+  } catch (const CommandError& error) {
+    err << error.what() << '\n';
+    return error.Code();
   } catch (const RuntimeError& error) {
-    err_ << "Error " << error.Number() << ": " << error.Description() << '\n';
+    err << "Error " << error.Number() << ": " << error.Description() << '\n';
   } catch (const std::exception& error) {
-    err_ << "Error: " << error.what() << '\n';
+    err << "Error: " << error.what() << '\n';
   }
-  return 1;
+  return kFailed;
 }
 
-void CommandLine::PrintUsage(std::ostream& stream) const {
+void CommandLine::PrintUsage(std::ostream& stream) {
   stream << "Uso: velmar_sample ORDEN [OPCIONES]\n\nÓrdenes:\n";
   for (const Command& command : Commands()) stream << "  " << command.usage << '\n';
+  stream << "\nSin --carpeta se usa la carpeta actual; sin --usuario, el usuario " << kExampleUser
+         << ".\n\nCódigos de salida:\n"
+         << "  " << kDone << "    hecho; con 'exportar', el libro está completo\n"
+         << "  " << kFailed << "    ha fallado, y el motivo está en la salida de errores\n"
+         << "  " << kNotUnderstood << "    no se entiende la orden\n"
+         << "  " << kNothingToExport << "    no hay filas que exportar\n"
+         << "  " << kTemplateNotFound << "    el usuario no tiene esa plantilla\n"
+         << "  " << kTargetTaken << "    ya existe el archivo y no se puede sustituir\n"
+         << "  " << kCancelledByUser << "  cancelado con Ctrl-C o por el sistema\n";
 }
 
 void CommandLine::Create(const Arguments& arguments) {
@@ -163,27 +209,34 @@ void CommandLine::Create(const Arguments& arguments) {
   Generate(options);
 }
 
-void CommandLine::ExportSql(const Arguments& arguments) {
-  const std::string folder = arguments.Require("--carpeta");
+void CommandLine::Export(const Arguments& arguments) {
   const std::string file = arguments.Require("--fichero");
-  const auto main = OpenDatabase(MainDatabaseIn(folder), arguments.Find("--clave-gestion").value_or(""));
-  const WorkbookExport::Result result =
-      WorkbookExport(main, folder)
-          .Run(arguments.Find("--sentencia").value_or(std::string(kDefaultStatement)), file,
-               arguments.Has("--sobrescribir"));
-  if (result.rows == 0) {
-    throw RuntimeError(kNoCurrentRow, "La consulta no da ninguna fila: no se ha creado ningún libro.",
-                       "CommandLine");
-  }
-  PrintWorkbook(file, static_cast<std::size_t>(result.rows), static_cast<std::size_t>(result.sheets));
+  PrintWorkbook(RunOf(arguments).Export(file, arguments.Has("--sobrescribir"), terminal_));
+}
+
+void CommandLine::ListTemplates(const Arguments& arguments) {
+  PrintTemplates(HostOf(arguments), terminal_);
+}
+
+void CommandLine::PrintStatement(const Arguments& arguments) {
+  terminal_.out << RunOf(arguments).Statement() << '\n';
 }
 
 void CommandLine::Demo(const Arguments& arguments) {
   const GeneratorOptions options = OptionsOf(arguments, kDemoFolder);
-  const std::string path = PathIn(kDemoFolder, kMainFile);
-  if (std::filesystem::exists(path)) {
-    out_ << "Se usan las bases de datos que ya están en la carpeta '" << kDemoFolder << "', con "
-         << CountRows(*OpenDatabase(path), "Colaboradores") << " colaboradores.\n";
+  const auto stands = [](std::string_view name) {
+    return std::filesystem::exists(PathIn(kDemoFolder, name));
+  };
+  if (stands(kMainFile) != stands(kReportsFile)) {
+    const std::string_view there = stands(kMainFile) ? kMainFile : kReportsFile;
+    const std::string_view missing = stands(kMainFile) ? kReportsFile : kMainFile;
+    throw CommandError(kFailed, "En la carpeta '" + std::string(kDemoFolder) + "' está " +
+                                    std::string(there) + " pero falta " + std::string(missing) +
+                                    ". Devuelva el archivo que falta, o borre el otro para crear los dos de "
+                                    "nuevo.");
+  }
+  if (stands(kMainFile)) {
+    UseExisting(arguments, options);
   } else {
     Generate(options);
   }
@@ -191,31 +244,43 @@ void CommandLine::Demo(const Arguments& arguments) {
   SampleHost::Settings settings;
   settings.folder = kDemoFolder;
   WizardRun(settings).Export(DemoSelection(), file);
+  PrintWorkbook(file);
+}
 
-  const excel::Workbook workbook(file);
-  std::size_t rows = 0;
-  const std::vector<std::string> sheets = workbook.SheetNames();
-  for (const std::string& sheet : sheets) rows += workbook.RowCount(sheet);
-  PrintWorkbook(file, rows, sheets.size());
+void CommandLine::UseExisting(const Arguments& arguments, const GeneratorOptions& options) {
+  const long long there = CountRows(*OpenDatabase(PathIn(kDemoFolder, kMainFile)), "Colaboradores");
+  const bool otherSize = arguments.Has("--colaboradores") && there != options.collaborators;
+  if (otherSize || arguments.Has("--semilla")) {
+    throw CommandError(kFailed, "En la carpeta '" + std::string(kDemoFolder) +
+                                    "' ya hay bases de datos, con " + std::to_string(there) +
+                                    " colaboradores, y no se sustituyen. Repita la orden sin --colaboradores "
+                                    "ni --semilla para usarlas, o borre la carpeta para crear otras.");
+  }
+  terminal_.out << "Se usan las bases de datos que ya están en la carpeta '" << kDemoFolder << "', con "
+                << there << " colaboradores.\n";
 }
 
 void CommandLine::Generate(const GeneratorOptions& options) {
-  out_ << "Creando las bases de datos en '" << options.folder << "' con " << options.collaborators
-       << " colaboradores...\n"
-       << std::flush;
+  terminal_.out << "Creando las bases de datos en '" << options.folder << "' con " << options.collaborators
+                << " colaboradores...\n"
+                << std::flush;
   DatabaseGenerator(options).Run();
   const auto main = OpenDatabase(PathIn(options.folder, kMainFile), options.mainPassword);
   for (const std::string_view table :
        {"Colaboradores", "Donativos", "Recibos", "Cobros", "Remesas", "RecibosPendientes"}) {
-    out_ << "  " << table << ": " << CountRows(*main, table) << " filas\n";
+    terminal_.out << "  " << table << ": " << CountRows(*main, table) << " filas\n";
   }
-  out_ << "Bases de datos creadas: " << PathIn(options.folder, kMainFile) << " y "
-       << PathIn(options.folder, kReportsFile) << '\n';
+  terminal_.out << "Bases de datos creadas: " << PathIn(options.folder, kMainFile) << " y "
+                << PathIn(options.folder, kReportsFile) << '\n';
 }
 
-void CommandLine::PrintWorkbook(const std::string& file, std::size_t rows, std::size_t sheets) {
-  out_ << "Libro exportado: " << file << " (" << rows << (rows == 1 ? " fila en " : " filas en ") << sheets
-       << (sheets == 1 ? " hoja)\n" : " hojas)\n");
+void CommandLine::PrintWorkbook(const std::string& file) {
+  const excel::Workbook workbook(file);
+  std::size_t rows = 0;
+  const std::vector<std::string> sheets = workbook.SheetNames();
+  for (const std::string& sheet : sheets) rows += workbook.RowCount(sheet);
+  terminal_.out << "Libro exportado: " << file << " (" << rows << (rows == 1 ? " fila en " : " filas en ")
+                << sheets.size() << (sheets.size() == 1 ? " hoja)\n" : " hojas)\n");
 }
 
 }  // namespace velmar::sample

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <ostream>
 #include <span>
 #include <string>
@@ -9,18 +8,19 @@
 
 #include "sample/GeneratorOptions.h"
 #include "sample/command/Arguments.h"
+#include "sample/command/Terminal.h"
 
 namespace velmar::sample {
 
-/// The commands of velmar_sample: crear makes the sample databases, exportar-sql takes a Jet statement to a
-/// workbook, demo makes databases below the current folder and has the wizard export from them. What a user
-/// reads is Spanish.
+/// The commands of velmar_sample: crear makes the sample databases; exportar, plantillas and sentencia work
+/// with a user's stored templates; demo makes databases below the current folder and has the wizard export
+/// from them. What a user reads is Spanish.
 class CommandLine {
  public:
-  CommandLine(std::ostream& out, std::ostream& err) : out_(out), err_(err) {}
+  explicit CommandLine(const Terminal& terminal) : terminal_(terminal) {}
 
-  /// Runs the command of the words (without the program's name). 0: done; 1: it failed, and the reason stands
-  /// on err; 2: the words cannot be understood.
+  /// Runs the command of the words (without the program's name) and gives its exit code, one of ExitCode. The
+  /// reason of any but kDone stands on err.
   int Run(const std::vector<std::string>& words);
 
  private:
@@ -32,15 +32,18 @@ class CommandLine {
   };
 
   static std::span<const Command> Commands();
-  void PrintUsage(std::ostream& stream) const;
+  static void PrintUsage(std::ostream& stream);
   void Create(const Arguments& arguments);
-  void ExportSql(const Arguments& arguments);
+  void Export(const Arguments& arguments);
+  void ListTemplates(const Arguments& arguments);
+  void PrintStatement(const Arguments& arguments);
   void Demo(const Arguments& arguments);
+  /// The databases that stand in the demo's folder, unless the words ask for others.
+  void UseExisting(const Arguments& arguments, const GeneratorOptions& options);
   void Generate(const GeneratorOptions& options);
-  void PrintWorkbook(const std::string& file, std::size_t rows, std::size_t sheets);
+  void PrintWorkbook(const std::string& file);
 
-  std::ostream& out_;
-  std::ostream& err_;
+  Terminal terminal_;
 };
 
 }  // namespace velmar::sample

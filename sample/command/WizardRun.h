@@ -3,19 +3,12 @@
 #include <string>
 #include <vector>
 
-#include "sample/host/SampleHost.h"
-
-namespace velmar::toolkit {
-class ScriptedToolkit;
-}
-namespace velmar::wizard {
-class frmExportacion;
-}
+#include "sample/command/WizardSession.h"
 
 namespace velmar::sample {
 
-/// Runs of the wizard without a window: a scripted user picks fields from the catalogue, gives them filters
-/// and a sort order, and presses the export button.
+/// Runs of the wizard in which a scripted user picks fields from the catalogue, gives them filters and a sort
+/// order, and presses the export button.
 class WizardRun {
  public:
   struct Field {
@@ -33,7 +26,7 @@ class WizardRun {
   void Export(const std::vector<Field>& fields, const std::string& file);
 
  private:
-  void Pick(wizard::frmExportacion& form, toolkit::ScriptedToolkit& user, const Field& field) const;
+  static void Pick(wizard::frmExportacion& form, toolkit::ScriptedToolkit& user, const Field& field);
 
   SampleHost::Settings settings_;
 };

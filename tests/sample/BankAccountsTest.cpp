@@ -10,10 +10,7 @@ namespace {
 
 TEST(BankAccountsTest, ControlDigitsOfPublishedAccounts) {
   struct Row {
-    const char* bank;
-    const char* branch;
-    const char* control;
-    const char* number;
+    const char *bank, *branch, *control, *number;
   };
   // The last two rows have a rest of 0 and of 1, which give the digits 0 and 1.
   constexpr std::array<Row, 4> kRows = {{

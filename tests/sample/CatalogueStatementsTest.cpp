@@ -3,6 +3,7 @@
 
 #include <array>
 #include <map>
+#include <random>
 #include <set>
 
 #include "catalogue/CatalogueReader.h"
@@ -81,6 +82,16 @@ class CatalogueStatementsTest : public testing::Test {
            GenerarSQLORDERBY(selection, *fields_, Report());
   }
 
+  /// What the statement fails with, nothing if it runs.
+  static std::string FailureOf(const std::string& sql) {
+    try {
+      database_->main->Execute(sql);
+      return {};
+    } catch (const RuntimeError& failure) {
+      return failure.Description();
+    }
+  }
+
   /// Stages the selection, and the pending receipts behind it where receipts take part. Gives the table's
   /// rows.
   static std::shared_ptr<ADODB::Recordset> Stage(const Selection& selection) {
@@ -128,6 +139,100 @@ constexpr std::array<const char*, 13> kCombinations = {
     "COL",     "DON",     "REC",     "REM",     "MOD",         "COL DON",    "COL REC",
     "COL REM", "COL MOD", "DON REC", "REC REM", "COL DON REC", "COL REC REM"};
 
+bool IsIn(const cCampos& field, const char* combination) {
+  return text::Contains(combination, field.LiteralTabla().substr(1, 3));
+}
+
+TEST_F(CatalogueStatementsTest, EverySubsetOfLookupsRunsOrIsRefusedForATableThatComesTwice) {
+  const std::set<std::string> lookupColumns = {"cuenta",      "provincia", "pais",     "tipodonativo",
+                                               "tipoperiodo", "tipopago",  "codemisor"};
+  int ran = 0;
+  int refused = 0;
+  for (const char* combination : kCombinations) {
+    std::vector<const cCampos*> lookups;
+    Selection plain;
+    std::set<std::string> begun;
+    for (const cCampos& field : *fields_) {
+      if (!IsIn(field, combination)) continue;
+      const std::string& name = field.NombreInternoCampo();
+      if (lookupColumns.contains(name.substr(name.find('.') + 1)) && !name.starts_with("modelo182")) {
+        lookups.push_back(&field);
+      } else if (begun.insert(field.LiteralTabla()).second) {
+        plain.rows.push_back(RowFor(field));
+      }
+    }
+    for (std::size_t subset = 0; subset < std::size_t{1} << lookups.size(); ++subset) {
+      Selection selection = plain;
+      selection.relation = subset % 2 == 0 ? Relation::kComplete : Relation::kPartial;
+      for (std::size_t i = 0; i < lookups.size(); ++i) {
+        if (subset >> i & 1) selection.rows.push_back(RowFor(*lookups[i]));
+      }
+      const bool twice = ValidarExportacion(selection, *fields_).has_value();
+      const std::string sql = Clauses(selection, "") + " WHERE 1 = 0";  // the tables count here, not the rows
+      const std::string failure = FailureOf(sql);
+      ASSERT_EQ(failure.empty(), !twice) << failure << '\n' << sql;
+      ASSERT_EQ(text::Contains(failure, "aparece dos veces"), twice) << failure << '\n' << sql;
+      ++(twice ? refused : ran);
+    }
+  }
+  EXPECT_EQ(ran + refused, 1709);
+  EXPECT_GT(ran, 500);
+  EXPECT_GT(refused, 500);
+}
+
+TEST_F(CatalogueStatementsTest, RandomFiltersRunOrFailWithAReportAndAreNeverDropped) {
+  const std::vector<std::string> values = {
+      "Madrid", "a", "ñ", "10.5", "-1", "01/02/2024",          "1/2/2024",
+      "O'Hara", "",  "%", "[",    "\"", "21000418450200051332"};
+  const std::vector<std::string> forms = {"{N} = $",
+                                          "{N} [Comience por] $",
+                                          "{N} [Que contenga] $",
+                                          "{N} [Acabe en] $",
+                                          "{N} [Entre] $ [Y] $",
+                                          "{N} [Igual a uno de] ($, $)",
+                                          "NOT ({N} = $)",
+                                          "({N} < $ [O] {N} > $)",
+                                          "{N} IS NULL",
+                                          "{N} [Entre $",
+                                          "´ {N} `",
+                                          "} {N"};
+  std::mt19937 engine(20240229);
+  const auto draw = [&](std::size_t below) { return static_cast<std::size_t>(engine()) % below; };
+  int ran = 0;
+  int unbuilt = 0;
+  for (int i = 0; i < 1500; ++i) {
+    SCOPED_TRACE(i);
+    Selection selection;
+    bool filtered = false;
+    for (std::size_t left = 1 + draw(5); left > 0; --left) {
+      std::string filter = draw(2) == 0 ? forms[draw(forms.size())] : "";
+      for (std::size_t at; (at = filter.find('$')) != std::string::npos;)
+        filter.replace(at, 1, "`" + values[draw(values.size())] + "´");
+      filtered = filtered || !filter.empty();
+      selection.rows.push_back(
+          RowFor(*(fields_->begin() + static_cast<std::ptrdiff_t>(draw(fields_->Count()))), filter));
+    }
+    if (ValidarExportacion(selection, *fields_)) continue;
+    int reports = 0;
+    std::string where;
+    try {
+      where = GenerarSQLWHERE(
+          selection, *fields_, [] { return std::make_shared<AccountCodec>(); },
+          [&](const RuntimeError&, const std::string&) { ++reports; });
+    } catch (const RuntimeError& error) {
+      EXPECT_EQ(reports, 1) << error.Description();
+      ++unbuilt;
+      continue;
+    }
+    EXPECT_EQ(reports, 0);
+    EXPECT_EQ(where.empty(), !filtered);
+    // The engine may refuse what makes no sense, with an error.
+    ran += FailureOf(Clauses(selection, "")).empty() ? 1 : 0;
+  }
+  EXPECT_GT(ran, 200);
+  EXPECT_GT(unbuilt, 30);
+}
+
 /// Each field runs with a filter and as a sort field in every combination of nodes that lets it in, with
 /// inner and with left joins, and so do all fields together that can stand together.
 TEST_F(CatalogueStatementsTest, EveryFieldRunsInEveryCombination) {
@@ -138,7 +243,7 @@ TEST_F(CatalogueStatementsTest, EveryFieldRunsInEveryCombination) {
       whole.relation = relation;
       std::map<std::string, const cCampos*> firsts;
       for (const cCampos& field : *fields_) {
-        if (!text::Contains(combination, field.LiteralTabla().substr(1, 3))) continue;
+        if (!IsIn(field, combination)) continue;
         firsts.emplace(field.LiteralTabla(), &field);
         whole.rows.push_back(RowFor(field));
         if (ValidarExportacion(whole, *fields_)) {
@@ -173,13 +278,11 @@ TEST_F(CatalogueStatementsTest, CodedFieldsComeOutAsCodesAndAreFilteredByTheirWo
     const char* field;
     const char* word;
     const char* code;
-    const char* column;
-    std::string value;
   };
-  const std::array<Row, 4> rows = {{{"colaboradores.sexo", "Mujer", "2", "Sexo", "2"},
-                                    {"colaboradores.sexo", "hombre", "1", "Sexo", "1"},
-                                    {"colaboradores.juridico", "Jurídica", "-1", "Juridico", "-1"},
-                                    {"colaboradores.juridico", "física", "0", "Juridico", "0"}}};
+  constexpr std::array<Row, 4> rows = {{{"colaboradores.sexo", "Mujer", "2"},
+                                        {"colaboradores.sexo", "hombre", "1"},
+                                        {"colaboradores.juridico", "Jurídica", "-1"},
+                                        {"colaboradores.juridico", "física", "0"}}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.word);
     const cCampos& field = Field(row.field);
@@ -189,7 +292,7 @@ TEST_F(CatalogueStatementsTest, CodedFieldsComeOutAsCodesAndAreFilteredByTheirWo
     const auto staged = Stage(selection);
     ASSERT_TRUE(staged);
     EXPECT_EQ(staged->RecordCount(), database_->Number("SELECT Count(*) FROM Colaboradores WHERE " +
-                                                       std::string(row.column) + " = " + row.value));
+                                                       std::string(row.field) + " = " + row.code));
     for (; !staged->Eof(); staged->MoveNext()) {
       ASSERT_TRUE(staged->Fields(0).Value().IsText());
       EXPECT_EQ(staged->Fields(0).Value().AsText(), row.code);

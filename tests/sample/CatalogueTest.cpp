@@ -1,6 +1,5 @@
 #include "sample/Catalogue.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -26,29 +25,6 @@ std::set<std::string> LookupTables(const std::string& internalName) {
   return {};
 }
 
-TEST(CatalogueTest, HoldsEveryFieldThatTheWizardKnowsByName) {
-  std::vector<std::string> names;
-  for (const CatalogueField& field : Catalogue()) {
-    EXPECT_EQ(field.id, static_cast<int>(names.size()) + 1);
-    names.push_back(field.internalName);
-  }
-  EXPECT_THAT(
-      names,
-      testing::UnorderedElementsAre(
-          "colaboradores.idcolaborador", "colaboradores.nombre", "colaboradores.apellido1",
-          "colaboradores.apellido2", "colaboradores.telefono2", "colaboradores.direccion",
-          "colaboradores.poblacion", "colaboradores.cp", "colaboradores.nif", "colaboradores.observaciones",
-          "colaboradores.fechanacimiento", "colaboradores.fechaalta", "colaboradores.fechabaja",
-          "colaboradores.sexo", "colaboradores.juridico", "colaboradores.pais", "colaboradores.provincia",
-          "colaboradores.cuenta", "donativos.fechaprimerpago", "donativos.fechaalta", "donativos.importe",
-          "donativos.tipopago", "donativos.tipodonativo", "donativos.tipoperiodo", "donativos.cuenta",
-          "recibos.fechacobro", "recibos.fechaemision", "recibos.mes", "recibos.importe", "recibos.codremesa",
-          "recibos.devolucion", "recibos.tipopago", "recibos.tipodonativo", "recibos.cuenta",
-          "cobros.textorecibo", "remesas.idremesa", "remesas.recibosbanco", "remesas.totalbanco",
-          "remesas.codemisor", "remesas.cuenta", "modelo182hacienda.nombre", "modelo182hacienda.nif",
-          "modelo182hacienda.provincia", "modelo182hacienda.tipodonativo", "modelo182hacienda.importe"));
-}
-
 TEST(CatalogueTest, LiteralsMeetExactlyWhereTablesWouldMeet) {
   for (const CatalogueField& a : Catalogue()) {
     for (const CatalogueField& b : Catalogue()) {
@@ -69,6 +45,7 @@ TEST(CatalogueTest, OutputNamesAreTakenOnceAndTellTheirKind) {
   std::set<std::string> names;
   for (const CatalogueField& field : Catalogue()) {
     SCOPED_TRACE(field.select);
+    EXPECT_EQ(field.id, static_cast<int>(names.size()) + 1);
     const std::string name = OutputName(field);
     EXPECT_TRUE(names.insert(name).second);
     const bool isAccount = field.internalName.ends_with(".cuenta");

@@ -27,22 +27,18 @@ class SampleApiTest : public ::testing::Test {
 TEST_F(SampleApiTest, ValidatesTheNifOfTheCurrentRow) {
   testing::TestDatabases databases;
   const auto connection = databases.Create("Prueba.mdb");
-  connection->Execute("CREATE TABLE Personas (Orden LONG, NIF TEXT(20), Bien LONG)");
-  const std::vector<std::pair<std::string, long>> ids = {
-      {"'12345678Z'", 1}, {"'12345678A'", 0}, {"'x1234567l'", 1}, {"'Y1234567X'", 1},
-      {"'A58818501'", 1}, {"'A58818502'", 0}, {"'Q2826000H'", 1}, {"'  12345678Z '", 1},
-      {"''", 0},          {"NULL", 0},        {"'1234'", 0}};
-  for (std::size_t i = 0; i < ids.size(); ++i) {
-    connection->Execute("INSERT INTO Personas VALUES (" + std::to_string(i) + ", " + ids[i].first + ", " +
-                        std::to_string(ids[i].second) + ")");
+  connection->Execute("CREATE TABLE Personas (NIF TEXT(20), Bien LONG)");
+  for (const char* row :
+       {"'12345678Z', 1", "'12345678A', 0", "'  x1234567l ', 1", "'A58818501', 1", "'', 0", "NULL, 0"}) {
+    connection->Execute(std::string("INSERT INTO Personas VALUES (") + row + ")");
   }
-  const auto rows = connection->Execute("SELECT NIF, Bien FROM Personas ORDER BY Orden");
+  const auto rows = connection->Execute("SELECT NIF, Bien FROM Personas");
   const ADODB::Field nif = rows->Fields("NIF");
   int count = 0;
   for (; !rows->Eof(); rows->MoveNext(), ++count) {
     EXPECT_EQ(api_->validar_nif(nif), rows->Fields("Bien").Value().AsLong()) << nif.Value().TextOrEmpty();
   }
-  EXPECT_EQ(count, static_cast<int>(ids.size()));
+  EXPECT_EQ(count, 6);
 }
 
 TEST_F(SampleApiTest, ShowsTheCurrentErrorWithItsLabels) {

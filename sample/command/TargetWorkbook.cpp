@@ -1,0 +1,79 @@
+#include "sample/command/TargetWorkbook.h"
+
+#include <fcntl.h>
+#include <stdio.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+#include "platform/error/ErrorNumber.h"
+#include "platform/error/RuntimeError.h"
+#include "sample/SampleFiles.h"
+#include "sample/command/CommandError.h"
+
+namespace velmar::sample {
+namespace {
+
+/// True for a file that begins as the compound files in which Excel 8.0 workbooks lie (MS-CFB).
+bool IsCompoundFile(const std::string& file) {
+  constexpr std::string_view kSignature = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
+  std::string start(kSignature.size(), '\0');
+  std::ifstream(file, std::ios::binary).read(start.data(), static_cast<std::streamsize>(start.size()));
+  return start == kSignature;
+}
+
+[[noreturn]] void RefuseTaken(const std::string& file) {
+  throw CommandError(kTargetTaken, "Ya existe el archivo '" + file +
+                                       "'. Elija otro nombre o permita sustituirlo con --sobrescribir.");
+}
+
+void RequireFree(const std::string& file, bool overwrite) {
+  std::error_code failure;
+  if (std::filesystem::symlink_status(file, failure).type() == std::filesystem::file_type::not_found) return;
+  if (!IsCompoundFile(file)) {
+    throw CommandError(kTargetTaken, "El archivo '" + file +
+                                         "' no es un libro de Excel y no se sustituye. Elija otro nombre.");
+  }
+  if (!overwrite) RefuseTaken(file);
+}
+
+/// Moves a file to a name that is free. Gives the error, EEXIST if the name is taken.
+int MoveToFreeName(const std::string& from, const std::string& to) {
+  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+  if (errno != EINVAL && errno != ENOSYS) return errno;
+  // A file system that cannot tell: the look and the move are two steps then.
+  if (std::filesystem::exists(to)) return EEXIST;
+  return rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+}
+
+}  // namespace
+
+TargetWorkbook::TargetWorkbook(std::string file, bool overwrite)
+    : file_((RequireFree(file, overwrite), std::move(file))),
+      overwrite_(overwrite),
+      folder_(std::filesystem::absolute(file_).parent_path().string()),
+      unfinished_(PathIn(folder_.Path(), "Exportacion.xls")) {}
+
+void TargetWorkbook::Keep() {
+  int failure = 0;
+  if (overwrite_) {
+    RequireFree(file_, overwrite_);
+    failure = rename(unfinished_.c_str(), file_.c_str()) == 0 ? 0 : errno;
+  } else {
+    failure = MoveToFreeName(unfinished_, file_);
+  }
+  if (failure == EEXIST) RefuseTaken(file_);
+  if (failure != 0) {
+    throw RuntimeError(kPermissionDenied,
+                       "No se puede escribir el archivo '" + file_ +
+                           "': " + std::generic_category().message(failure) +
+                           ". Compruebe la carpeta y los permisos.",
+                       "TargetWorkbook");
+  }
+}
+
+}  // namespace velmar::sample
