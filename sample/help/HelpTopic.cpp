@@ -1,0 +1,12 @@
+#include "sample/help/HelpTopic.h"
+
+#include "sample/help/AsistentePage.h"
+
+namespace velmar::sample {
+
+std::optional<std::string_view> HelpTopic(long topic) {
+  if (topic != kAssistantTopic) return std::nullopt;
+  return kAsistentePage;
+}
+
+}  // namespace velmar::sample
