@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "reliability/Scenario.h"
+
+namespace velmar::reliability {
+
+/// What a sweep has found.
+struct Findings {
+  long cases = 0;
+  long succeeded = 0;  ///< told success, rightly
+  long told = 0;       ///< told a failure
+  std::vector<std::string> complaints;
+  std::vector<std::string> skipped;  ///< cases that the system does not allow
+
+  Findings& operator+=(const Findings& other);
+};
+
+/// Runs the export again and again: each time one of the operations fails, alone or with all that follow it.
+/// A run that does not end is ended, with the process, by an alarm.
+Findings SweepFaults(const Scenario& scenario, const Office& original, Faults::Kind kind,
+                     const std::vector<long>& operations);
+
+/// Kills the exporting process at each of the operations.
+Findings SweepKills(const Scenario& scenario, const Office& original, const std::vector<long>& operations);
+/// The numbers of all operations of the scenario.
+std::vector<long> AllOf(const Scenario& scenario);
+/// So many of the numbers, evenly spread, or all if they are fewer.
+std::vector<long> Spread(const std::vector<long>& numbers, std::size_t points);
+
+/// Kills it after so many shares of the time that a run takes.
+Findings SweepKillsByTime(const Scenario& scenario, const Office& original, long points);
+
+}  // namespace velmar::reliability
