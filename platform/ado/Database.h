@@ -70,6 +70,11 @@ class Database {
   std::int64_t OwnChanges() const noexcept;
   /// Differs from an earlier one if another connection has written to the main file in between.
   std::int64_t OthersChanges();
+  /// Rows that were read at the same moment as this one still stand, but for what others write outside of
+  /// this connection's transactions. It grows with each row that this connection writes, by one.
+  std::int64_t Moment() const noexcept { return OwnChanges() + breaks_; }
+  /// For what may change rows without writing them: a transaction begins or ends, a definition changes.
+  void NextMoment() noexcept { ++breaks_; }
   /// For a row that was written past the engine's own count.
   void NoteDirectChange() noexcept { ++directChanges_; }
 
@@ -131,6 +136,7 @@ class Database {
   std::string concern_;
   std::string refused_;
   std::int64_t directChanges_ = 0;
+  std::int64_t breaks_ = 0;
 };
 
 }  // namespace ADODB

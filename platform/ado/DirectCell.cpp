@@ -25,6 +25,9 @@ bool KeepsTexts(const std::string& declaredType) {
 
 bool DirectCell::Suits(Database& database, const std::string& table, const std::string& column) {
   const Database::EngineAccess access(database);
+  // What is written must be the very bytes that the file holds.
+  Statement encoding(database, "PRAGMA main.encoding");
+  if (!encoding.Step() || encoding.Text(0) != "UTF-8") return false;
   std::vector<velmar::jet::OutputColumn> columns;
   bool keeps = false;
   Statement list(database, "SELECT name, type FROM pragma_table_info(?1, 'main') ORDER BY cid");

@@ -3,21 +3,21 @@
 #include <utility>
 
 #include "platform/ado/Database.h"
+#include "platform/ado/TableNames.h"
 
 namespace ADODB {
 
-void DistinctMemory::Note(std::string table) {
-  noted_ = Noted{std::move(table), database_->OwnChanges(), database_->OthersChanges()};
+void DistinctMemory::Note(std::string table, std::int64_t othersChanges) {
+  noted_ = Noted{std::move(table), database_->OwnChanges(), othersChanges};
 }
 
 bool DistinctMemory::Holds(std::string_view table) const {
-  return noted_ && noted_->table == table && Table();
+  return noted_ && noted_->table == table && noted_->own == database_->OwnChanges() &&
+         noted_->others == database_->OthersChanges();
 }
 
-std::optional<std::string> DistinctMemory::Table() const {
-  const bool same =
-      noted_ && noted_->own == database_->OwnChanges() && noted_->others == database_->OthersChanges();
-  return same ? std::optional<std::string>(noted_->table) : std::nullopt;
+bool DistinctMemory::IsOf(std::string_view table) const {
+  return noted_ && SameName(noted_->table, table);
 }
 
 }  // namespace ADODB

@@ -15,11 +15,12 @@ class DistinctMemory {
  public:
   explicit DistinctMemory(Database& database) noexcept : database_(&database) {}
 
-  /// The rows of the table are distinct as they stand now, outside any transaction.
-  void Note(std::string table);
+  /// The rows of the table are distinct as this connection has just committed them. othersChanges is what
+  /// the database gave of it inside that transaction.
+  void Note(std::string table, std::int64_t othersChanges);
   bool Holds(std::string_view table) const;
-  /// The table that is remembered; nothing if none is or the file has changed.
-  std::optional<std::string> Table() const;
+  /// True if the table, regardless of case, is the one that is remembered, whatever has happened since.
+  bool IsOf(std::string_view table) const;
   void Forget() noexcept { noted_.reset(); }
 
  private:

@@ -170,6 +170,7 @@ std::optional<KeyedTable> KeyedTable::Of(Session& session, const std::string& te
     keyed.table = table;
     keyed.columns.push_back(select.OriginColumn(column));
   }
+  if (!HasRowKeys(session.Engine(), "main", keyed.table)) return std::nullopt;
   const auto keys =
       KeyText(tokens, select, keyed, ColumnNames(session.Engine(), "main", keyed.table)).Of(text, *shape);
   if (!keys) return std::nullopt;

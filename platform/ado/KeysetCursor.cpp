@@ -39,6 +39,11 @@ KeysetCursor::KeysetCursor(std::shared_ptr<Session> session, const velmar::jet::
 
 KeysetCursor::~KeysetCursor() = default;
 
+void KeysetCursor::MoveFirst() {
+  CountedCursor::MoveFirst();
+  rows_.clear();  // Others may have written the first row since it was the current one.
+}
+
 Variant KeysetCursor::StoredValue(std::size_t column) {
   if (cellOf_[column] < 0) Want(column);
   if (!IsRead()) Read();
@@ -49,7 +54,7 @@ Variant KeysetCursor::StoredValue(std::size_t column) {
 
 bool KeysetCursor::IsRead() const {
   return Position() >= firstRead_ && Position() - firstRead_ < rows_.size() &&
-         rows_[Position() - firstRead_].current && version_ == Owner().Engine().OwnChanges();
+         rows_[Position() - firstRead_].current && moment_ == Owner().Engine().Moment();
 }
 
 /// Adds a column to those that are read: what is asked for in one row is asked for in the next ones.
@@ -84,7 +89,7 @@ void KeysetCursor::Read() {
   cells_.resize(count * width_);
   texts_.resize(count * width_);
   firstRead_ = Position();
-  version_ = Owner().Engine().OwnChanges();
+  moment_ = Owner().Engine().Moment();
   std::vector<ReadRow> rows(count, ReadRow{false, true});
   read_->Bind(1, keys_[firstRead_]);
   read_->Bind(2, keys_[firstRead_ + count - 1]);
@@ -112,6 +117,7 @@ void KeysetCursor::Update(std::size_t column, const Variant& value) {
   session.BeforeRowWrite();
   Database& database = session.Engine();
   const bool read = IsRead();
+  const std::int64_t before = database.Moment();
   Writer& writer = WriterOf(column);
   if (!WriteDirectly(writer, column, value)) {
     writer.update.BindValue(1, value);
@@ -120,9 +126,9 @@ void KeysetCursor::Update(std::size_t column, const Variant& value) {
     writer.update.Reset();
     if (sqlite3_changes64(database.Handle()) == 0) RaiseDeleted();
   }
-  // Nothing but this row has changed, so the other rows are still as they were read.
-  if (!read) return;
-  version_ = database.OwnChanges();
+  // If nothing but this row has changed, the other rows are still as they were read. A trigger writes more.
+  if (!read || database.Moment() != before + 1) return;
+  moment_ = database.Moment();
   rows_[Position() - firstRead_].current = false;
 }
 

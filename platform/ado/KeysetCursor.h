@@ -27,6 +27,7 @@ class KeysetCursor : public CountedCursor {
                KeyedTable table, bool writes);
   ~KeysetCursor() override;
 
+  void MoveFirst() override;
   void Update(std::size_t column, const Variant& value) override;
   void BeforeCommit() noexcept override;
 
@@ -65,8 +66,8 @@ class KeysetCursor : public CountedCursor {
   std::size_t firstRead_ = 0;
   std::vector<ReadRow> rows_;  ///< from position firstRead_ on
   std::vector<Variant> cells_;
-  std::vector<bool> texts_;   ///< for each cell, whether a text is stored, and not bytes of no kind
-  std::int64_t version_ = 0;  ///< the connection's count of changes when the rows were read
+  std::vector<bool> texts_;  ///< for each cell, whether a text is stored, and not bytes of no kind
+  std::int64_t moment_ = 0;  ///< when the rows were read
 };
 
 }  // namespace ADODB

@@ -51,22 +51,19 @@ std::optional<RepeatedRows> RepeatedRows::Of(Database& database, const velmar::j
   if (!table) return std::nullopt;
   RepeatedRows repeated(database);
   repeated.columns_ = ColumnNames(database, alias, *table);
-  if (!repeated.CanCompare(alias, *table)) return std::nullopt;
   repeated.table_ = QuoteIdentifier(alias) + "." + QuoteIdentifier(*table);
+  if (!repeated.CanCompare(alias, *table)) return std::nullopt;
   const bool known = alias == "main" && memory.Holds(*table);
   if (!known) repeated.Find();
   return repeated;
 }
 
 bool RepeatedRows::CanCompare(const std::string& alias, const std::string& table) {
-  // A view or a table without row keys has no such column; one with a column of its own of that name hides
-  // it.
-  if (FindName(columns_, "_rowid_")) return false;
+  if (!HasRowKeys(*database_, alias, table)) return false;
+  // The engine does not list columns that it computes from others, but they may differ where those are equal.
+  const Statement all(*database_, "SELECT * FROM " + table_);
+  if (static_cast<std::size_t>(all.ColumnCount()) != columns_.size()) return false;
   sqlite3* handle = database_->Handle();
-  if (sqlite3_table_column_metadata(handle, alias.c_str(), table.c_str(), "_rowid_", nullptr, nullptr,
-                                    nullptr, nullptr, nullptr) != SQLITE_OK) {
-    return false;
-  }
   return std::all_of(columns_.begin(), columns_.end(), [&](const std::string& column) {
     const char* order = nullptr;
     const bool known =

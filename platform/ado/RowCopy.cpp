@@ -78,9 +78,12 @@ std::int64_t RowCopy::CreateTable() {
   database_.Run(velmar::jet::CreateTableText(target, columns));
   bool distinct = false;
   const std::int64_t rows = FillTable(distinct);
+  // Asked for while nobody else can write to the file: what comes behind the copy is a change.
+  const std::int64_t othersChanges = database_.OthersChanges();
   savepoint.Release();
   memory_.Forget();
-  if (distinct && target.alias == "main" && !database_.InTransaction()) memory_.Note(target.table);
+  if (distinct && target.alias == "main" && !database_.InTransaction())
+    memory_.Note(target.table, othersChanges);
   return rows;
 }
 

@@ -14,7 +14,6 @@
 #include "platform/ado/Statement.h"
 #include "platform/ado/StaticCursor.h"
 #include "platform/ado/StoredCursor.h"
-#include "platform/ado/TableNames.h"
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/OperationObserver.h"
 #include "platform/jet/NameMap.h"
@@ -80,6 +79,7 @@ void Session::Begin() {
   }
   EndBatch();
   database_->Run("BEGIN");
+  database_->NextMoment();
   transaction_ = true;
 }
 
@@ -97,6 +97,7 @@ void Session::Commit() {
   }
   velmar::OperationObserver::Announce(velmar::Operation::kCommit, database_->Path());
   database_->Run("COMMIT");
+  database_->NextMoment();
   transaction_ = false;
   attachments_.Release();
 }
@@ -106,6 +107,7 @@ void Session::Rollback() {
     throw RuntimeError(velmar::kNoTransaction, "No hay ninguna transacción abierta que deshacer.", kSource);
   }
   if (database_->InTransaction()) database_->Run("ROLLBACK");
+  database_->NextMoment();
   transaction_ = false;
   attachments_.Release();
 }
@@ -113,12 +115,14 @@ void Session::Rollback() {
 void Session::BeforeRowWrite() {
   if (transaction_ || batch_ || !database_->IsScratch()) return;
   database_->Run("BEGIN");
+  database_->NextMoment();
   batch_ = true;
 }
 
 void Session::EndBatch() {
   if (!batch_) return;
   for (SessionUser* user : users_) user->BeforeCommit();
+  database_->NextMoment();
   if (database_->InTransaction()) {
     velmar::OperationObserver::Announce(velmar::Operation::kCommit, database_->Path());
     database_->Run("COMMIT");
@@ -175,12 +179,14 @@ std::unique_ptr<Cursor> Session::Execute(std::string_view text, long* affected) 
 /// What is neither a SELECT nor a copy of rows; the number of rows that were written.
 std::int64_t Session::Run(const Translation& translation) {
   if (translation.kind == StatementKind::kCreateTable) RefuseExistingTable(*database_, *translation.target);
+  const bool dropsTable = translation.kind == StatementKind::kDropTable;
   // Another table's end changes nothing about a table that is remembered.
-  auto remembered = translation.kind == StatementKind::kDropTable ? distinct_.Table() : std::nullopt;
-  if (remembered && SameName(*remembered, translation.target->table)) remembered.reset();
-  distinct_.Forget();
+  if (!dropsTable || distinct_.IsOf(translation.target->table)) distinct_.Forget();
   std::optional<Database::EngineAccess> access;
-  if (Defines(translation.kind)) access.emplace(*database_);
+  if (Defines(translation.kind)) {
+    access.emplace(*database_);
+    database_->NextMoment();
+  }
   const std::int64_t before = sqlite3_total_changes64(database_->Handle());
   {
     Statement statement(*database_, translation.sql, &translation);
@@ -188,9 +194,7 @@ std::int64_t Session::Run(const Translation& translation) {
     }
   }
   const bool wrote = sqlite3_total_changes64(database_->Handle()) != before;
-  const std::int64_t rows = wrote ? sqlite3_changes64(database_->Handle()) : 0;
-  if (remembered && !transaction_) distinct_.Note(*remembered);
-  return rows;
+  return wrote ? sqlite3_changes64(database_->Handle()) : 0;
 }
 
 std::unique_ptr<Cursor> Session::OpenCursor(std::string_view source, long cursorType, long lockType) {

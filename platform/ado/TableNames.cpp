@@ -1,5 +1,6 @@
 #include "platform/ado/TableNames.h"
 
+#include <sqlite3.h>
 #include <strings.h>
 
 #include "platform/ado/Database.h"
@@ -68,6 +69,12 @@ std::vector<std::string> ColumnNames(Database& database, const std::string& alia
   list.Bind(2, alias);
   while (list.Step()) names.emplace_back(list.Text(0));
   return names;
+}
+
+bool HasRowKeys(Database& database, const std::string& alias, const std::string& table) {
+  return !FindName(ColumnNames(database, alias, table), "_rowid_") &&
+         sqlite3_table_column_metadata(database.Handle(), alias.c_str(), table.c_str(), "_rowid_", nullptr,
+                                       nullptr, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
 std::optional<std::size_t> FindName(const std::vector<std::string>& names, std::string_view name) {

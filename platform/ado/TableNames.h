@@ -34,6 +34,10 @@ std::optional<std::string> FindTable(Database& database, const std::string& alia
 /// In the order of the table.
 std::vector<std::string> ColumnNames(Database& database, const std::string& alias, const std::string& table);
 
+/// True if "_rowid_" means the key of the table's rows: not of a view or a table without such keys, nor where
+/// a column of that name hides it.
+bool HasRowKeys(Database& database, const std::string& alias, const std::string& table);
+
 /// The position of a name in a list of names.
 std::optional<std::size_t> FindName(const std::vector<std::string>& names, std::string_view name);
 

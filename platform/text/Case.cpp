@@ -41,13 +41,15 @@ std::string Mapped(std::string_view text, Mapping map) {
   return result;
 }
 
-std::string Composed(std::string_view text) {
+using Form = const icu::Normalizer2* (*)(UErrorCode& status);
+
+std::string Normalized(std::string_view text, Form instance) {
   UErrorCode status = U_ZERO_ERROR;
-  std::string composed;
-  const icu::Normalizer2* form = icu::Normalizer2::getNFCInstance(status);
+  std::string normalized;
+  const icu::Normalizer2* form = instance(status);
   if (U_SUCCESS(status)) {
     const icu::StringPiece piece(text.data(), static_cast<std::int32_t>(text.size()));
-    form->normalize(icu::UnicodeString::fromUTF8(piece), status).toUTF8String(composed);
+    form->normalize(icu::UnicodeString::fromUTF8(piece), status).toUTF8String(normalized);
   }
   if (U_FAILURE(status)) {
     throw RuntimeError(kInternalError,
@@ -55,7 +57,7 @@ std::string Composed(std::string_view text) {
                            "). Reinstale el programa.",
                        "text");
   }
-  return composed;
+  return normalized;
 }
 
 }  // namespace
@@ -74,7 +76,9 @@ std::string FoldCase(std::string_view text) {
 
 std::string FoldCanonical(std::string_view text) {
   if (IsAscii(text)) return FoldCase(text);
-  return Composed(FoldCase(Composed(text)));
+  // Some composed letters have no small letter of their own, but their parts have.
+  const std::string parts = Normalized(text, icu::Normalizer2::getNFDInstance);
+  return Normalized(FoldCase(parts), icu::Normalizer2::getNFCInstance);
 }
 
 char32_t FoldCase(char32_t codePoint) noexcept {

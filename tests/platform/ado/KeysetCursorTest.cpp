@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "platform/ado/RawDatabase.h"
 #include "platform/ado/TestFolder.h"
 
@@ -116,10 +118,95 @@ TEST_F(Rows, ThatAreDeletedBeneathAreAFailureAndTheOthersGoOn) {
 TEST_F(Rows, OfATransactionThatIsTakenBackAreAsBefore) {
   work_->BeginTrans();
   WriteUpTo(100);
+  work_->Execute("DELETE FROM T WHERE N = 102");
+  rows_.Update("Cuenta", "nueva");
+  EXPECT_EQ(rows_.Fields(0).Value().AsText(), "nueva");
   work_->RollbackTrans();
+  EXPECT_EQ(rows_.Fields(0).Value().AsText(), "1101");
+  rows_.MoveNext();
+  EXPECT_EQ(rows_.Fields(0).Value().AsText(), "1102");
   EXPECT_EQ(RowsOf(*work_, "SELECT Count(*) FROM T WHERE Cuenta LIKE '9%'"), "0");
   rows_.MoveFirst();
   EXPECT_EQ(rows_.Fields(0).Value().AsText(), "1001");
+}
+
+/// What was read ahead is only as good as the lock that kept others out.
+TEST_F(Rows, ThatOthersHaveWrittenSinceAreReadAgain) {
+  struct Case {
+    const char* what;
+    std::function<void()> begin;
+    std::function<void()> end;
+  };
+  const std::vector<Case> cases{
+      {"rows gathered", [] {}, [&] { RowsOf(*work_, "SELECT Count(*) FROM T"); }},
+      {"transaction kept", [&] { work_->BeginTrans(); }, [&] { work_->CommitTrans(); }},
+      {"transaction taken back", [&] { work_->BeginTrans(); }, [&] { work_->RollbackTrans(); }},
+  };
+  const auto other = folder_.Open("W.mdb");
+  int next = 1;
+  for (const Case& each : cases) {
+    SCOPED_TRACE(each.what);
+    each.begin();
+    WriteUpTo(3);
+    rows_.Fields("Cuenta").Value();
+    each.end();
+    other->Execute("UPDATE T SET Cuenta = 'otro' WHERE N = " + std::to_string(next + 4));
+    rows_.MoveNext();
+    EXPECT_EQ(rows_.Fields("Cuenta").Value().AsText(), "otro");
+    next += 4;
+  }
+  rows_.MoveFirst();
+  rows_.Fields("Cuenta").Value();
+  other->Execute("UPDATE T SET Cuenta = 'otro' WHERE N = 1");
+  rows_.MoveFirst();
+  EXPECT_EQ(rows_.Fields("Cuenta").Value().AsText(), "otro");
+}
+
+/// Where rows cannot be told apart by the engine's key, nothing is written rather than another row.
+TEST(KeysetCursor, OfATableWhoseKeyIsHiddenIsReadOnly) {
+  const TestFolder folder;
+  folder.Create("W.mdb", kScratch);
+  RawDatabase(folder.File("W.mdb"))
+      .Run("CREATE TABLE T (A TEXT COLLATE JET, _RowId_ INTEGER); INSERT INTO T VALUES ('x', 7), ('y', 7)");
+  const auto work = folder.Open("W.mdb");
+  Recordset rows;
+  rows.Open("SELECT * FROM T", work, kOpenKeyset, kLockOptimistic);
+  EXPECT_EQ(FailureOf([&] { rows.Update("A", "z"); }), velmar::kReadOnly);
+  EXPECT_EQ(RowsOf(rows), "x|7 / y|7");
+}
+
+TEST_F(Rows, ThatATriggerWritesOrThatAreGoneWithTheirTableAreNotTakenFromMemory) {
+  RawDatabase(folder_.File("W.mdb"))
+      .Run(
+          "CREATE TRIGGER D AFTER UPDATE ON T WHEN new.N = 2 BEGIN "
+          "UPDATE T SET Cuenta = 'trigger', N = 1003 WHERE N = 3; END");
+  WriteUpTo(2);
+  EXPECT_EQ(rows_.Fields("Cuenta").Value().AsText(), "trigger");
+  work_->BeginTrans();
+  EXPECT_EQ(rows_.Fields("N").Value().AsLong(), 1003);
+  work_->Execute("DROP TABLE T");
+  EXPECT_NE(FailureOf([&] { rows_.Fields("N").Value(); }), 0);
+  work_->RollbackTrans();
+  EXPECT_EQ(rows_.Fields("N").Value().AsLong(), 1003);
+}
+
+TEST(KeysetCursor, WritesTextsOfAFileInAnotherEncodingWhole) {
+  const TestFolder folder;
+  folder.Create("W.mdb", kScratch);
+  RawDatabase raw(folder.File("U.mdb"));
+  // "VELS", the mark of a work file.
+  raw.Run(
+      "PRAGMA encoding = 'UTF-16le'; PRAGMA application_id = 0x56454C53;"
+      "CREATE TABLE \"T\" (\"C\" TEXT COLLATE JET); INSERT INTO T VALUES ('ab'), ('cd')");
+  const auto work = folder.Open("U.mdb");
+  Recordset rows;
+  rows.Open("SELECT C FROM T", work, kOpenKeyset, kLockOptimistic);
+  for (; !rows.Eof(); rows.MoveNext()) {
+    EXPECT_EQ(rows.Fields(0).Value().AsText().size(), 2U);
+    rows.Update("C", "wxyz");
+  }
+  rows.Close();
+  EXPECT_EQ(RowsOf(*work, "SELECT C FROM T"), "wxyz / wxyz");
 }
 
 TEST_F(Rows, ThatWereWrittenAreSeenByEveryOtherReaderAfterwards) {

@@ -17,7 +17,7 @@ constexpr const char* kScratch = "Jet OLEDB:Scratch=True";
 
 /// Values of which many are equal to another one though they are written in another way, and some look equal
 /// and are not.
-constexpr std::array<const char*, 30> kValues{"NULL",
+constexpr std::array<const char*, 33> kValues{"NULL",
                                               "''",
                                               "'ana'",
                                               "'ANA'",
@@ -35,6 +35,9 @@ constexpr std::array<const char*, 30> kValues{"NULL",
                                               "'straße'",
                                               "'strasse'",
                                               "char(0x1E9E)",
+                                              "'I' || char(0x307)",
+                                              "'i' || char(0x307)",
+                                              "char(0x130)",
                                               "'Ωmega'",
                                               "'ωmega'",
                                               "1",
@@ -172,6 +175,17 @@ TEST(RepeatedRows, ACopyOfACopySeesWhatHasHappenedInBetween) {
     RawDatabase raw(folder.File("W.mdb"));
     EXPECT_EQ(raw.Rows("SELECT * FROM Otra"), Distinct(raw, "Copia"));
   }
+}
+
+TEST(RepeatedRows, ColumnsThatTheEngineComputesCountToo) {
+  const TestFolder folder;
+  folder.Create("W.mdb", kScratch);
+  RawDatabase raw(folder.File("W.mdb"));
+  raw.Run(
+      "CREATE TABLE T (A TEXT COLLATE JET, G TEXT COLLATE JET GENERATED ALWAYS AS (hex(A)));"
+      "INSERT INTO T (A) VALUES ('a'), ('A'), ('a')");
+  folder.Open("W.mdb")->Execute("SELECT DISTINCT * INTO Copia FROM T");
+  EXPECT_EQ(raw.Rows("SELECT * FROM Copia"), Distinct(raw, "T"));
 }
 
 TEST(RepeatedRows, OnlyAWholeTableIsTakenForOne) {

@@ -23,6 +23,8 @@ TEST(Case, KeepsTheNumberOfCharacters) {
 
 TEST(Case, CanonicalFoldingKnowsEveryWayToWriteAnAccent) {
   EXPECT_EQ(FoldCanonical("PEN\u0303A \u00C9\u1E69"), FoldCanonical("pe\u00F1a e\u0301S\u0307\u0323"));
+  EXPECT_EQ(FoldCanonical("\u0130zmir"), FoldCanonical("i\u0307ZMIR"));
+  EXPECT_EQ(FoldCanonical("\u1FBC\u0301"), FoldCanonical("\u1FB3\u0301"));
   EXPECT_EQ(FoldCanonical("Hoja1.XLS"), "hoja1.xls");
   EXPECT_NE(FoldCanonical("cana"), FoldCanonical("caña"));
 }
