@@ -275,6 +275,8 @@ void ExportRun::CleanUpCancelled() {
   // Each step is tried whatever became of the one before; what cannot be deleted goes with the next run.
   ErrObject ignored;
   ignored.Try([&] { CloseAuxiliar(); });
+  // Before it has the folder a run has made nothing, and what is there may be another wizard's.
+  if (!workFolder_) return;
   ignored.Try([&] { workFiles_.RemoveAll(); });
   ignored.Try([&] { modelo182_.Vaciar(); });
   if (targetWritten_) ignored.Try([&] { files::Kill(strFichero_); });

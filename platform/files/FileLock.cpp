@@ -86,7 +86,8 @@ std::optional<FileLock> FileLock::TryTake(const std::string& path) {
 }
 
 bool FileLock::IsHeld(const std::string& path) {
-  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  // Without waiting for the other end, should it be a pipe.
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (descriptor < 0) return false;
   const bool held =
       (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) || HasRecordLock(descriptor);
@@ -115,8 +116,9 @@ FileLock::~FileLock() {
 
 void FileLock::Release() noexcept {
   if (descriptor_ == kNone) return;
-  // Deleted while still held: whoever waits for it looks whether it is still there.
-  ::unlink(path_.c_str());
+  // Deleted while still held: whoever waits for it looks whether it is still there. If somebody has deleted
+  // it before, another process may hold one of the same name.
+  if (StillThere(descriptor_, path_)) ::unlink(path_.c_str());
   ::close(std::exchange(descriptor_, kNone));
 }
 

@@ -1,5 +1,6 @@
 #include "sample/command/CancelSignal.h"
 
+#include <cerrno>
 #include <cstddef>
 #include <utility>
 
@@ -11,7 +12,14 @@ constexpr std::array<int, 2> kSignals = {SIGINT, SIGTERM};
 volatile sig_atomic_t raised = 0;
 
 extern "C" void Note(int /*signal*/) {
+  const int before = errno;
   raised = 1;
+  // Whichever comes next finds the usual action.
+  for (const int kind : kSignals) {
+    struct sigaction now {};
+    if (sigaction(kind, nullptr, &now) == 0 && now.sa_handler == Note) signal(kind, SIG_DFL);
+  }
+  errno = before;
 }
 
 }  // namespace
@@ -20,10 +28,14 @@ CancelSignal::CancelSignal() {
   raised = 0;
   struct sigaction note {};
   note.sa_handler = Note;
-  // Reads and writes in progress go on; the second signal finds the usual action.
-  note.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+  note.sa_flags = SA_RESTART;  // Reads and writes in progress go on.
   sigemptyset(&note.sa_mask);
-  for (std::size_t i = 0; i < kSignals.size(); ++i) sigaction(kSignals[i], &note, &before_[i]);
+  for (const int kind : kSignals) sigaddset(&note.sa_mask, kind);
+  for (std::size_t i = 0; i < kSignals.size(); ++i) {
+    sigaction(kSignals[i], nullptr, &before_[i]);
+    // A program that is started in the background is not to hear the terminal's.
+    if (before_[i].sa_handler != SIG_IGN) sigaction(kSignals[i], &note, nullptr);
+  }
 }
 
 CancelSignal::~CancelSignal() {

@@ -10,8 +10,9 @@
 namespace velmar::sample {
 
 /// While it lives, the first SIGINT or SIGTERM of the process is kept for the program to look at, and does
-/// not end it; a second one does. Given to a message loop, it also runs an action once, inside one of the
-/// loop's turns, when a signal has come. One at a time.
+/// not end it; a second one of either kind does. A signal that the process ignores stays ignored. Given to a
+/// message loop, it also runs an action once, inside one of the loop's turns, when a signal has come. One at
+/// a time.
 class CancelSignal final : public toolkit::NativeQueue {
  public:
   CancelSignal();

@@ -34,7 +34,8 @@ bool IsCompoundFile(const std::string& file) {
 void RequireFree(const std::string& file, bool overwrite) {
   std::error_code failure;
   if (std::filesystem::symlink_status(file, failure).type() == std::filesystem::file_type::not_found) return;
-  if (!IsCompoundFile(file)) {
+  // To look into a pipe would be to wait for the other end.
+  if (!std::filesystem::is_regular_file(file, failure) || !IsCompoundFile(file)) {
     throw CommandError(kTargetTaken, "El archivo '" + file +
                                          "' no es un libro de Excel y no se sustituye. Elija otro nombre.");
   }

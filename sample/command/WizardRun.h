@@ -12,10 +12,10 @@ namespace velmar::sample {
 class WizardRun {
  public:
   struct Field {
-    std::string node;     ///< as the node list shows it
-    std::string literal;  ///< as the list of fields shows it
-    std::string filter;   ///< in the filter language; empty: none
-    bool sorted = false;  ///< the export is sorted by it, in the order of the fields
+    std::string node;         ///< as the node list shows it
+    std::string literal;      ///< as the list of fields shows it
+    std::string filter = {};  ///< in the filter language; empty: none
+    bool sorted = false;      ///< the export is sorted by it, in the order of the fields
   };
 
   explicit WizardRun(SampleHost::Settings settings);
@@ -25,9 +25,11 @@ class WizardRun {
   /// not offer.
   void Export(const std::vector<Field>& fields, const std::string& file);
 
- private:
+  /// What the user does in the open window for one field. kItemNotInCollection if it is not offered. The user
+  /// must be ready to agree to the filter.
   static void Pick(wizard::frmExportacion& form, toolkit::ScriptedToolkit& user, const Field& field);
 
+ private:
   SampleHost::Settings settings_;
 };
 

@@ -8,6 +8,7 @@
 #include "export/TestOffice.h"
 #include "export/Workbook.h"
 #include "platform/files/FileLock.h"
+#include "platform/toolkit/NativeQueue.h"
 
 namespace velmar::testing {
 namespace {
@@ -299,6 +300,35 @@ TEST(ExportRun, CancelLeavesNoTraceAtAnyStage) {
   office.run->RequestCancel();  // nothing is in progress
   office.window->Load();
   ExpectExports(office);
+}
+
+/// Cancels the run in the first turn of the loop.
+class CancelAtOnce : public toolkit::NativeQueue {
+ public:
+  explicit CancelAtOnce(TestOffice& office) : office_(office) {}
+  bool Process() override {
+    office_.run->RequestCancel();
+    return true;
+  }
+
+ private:
+  TestOffice& office_;
+};
+
+TEST(ExportRun, CancelBeforeTheFolderIsItsOwnLeavesAnotherWizardsFiles) {
+  TestOffice office;
+  office.AddPeople(3);
+  office.SelectPeople();
+  for (const char* name : {"ExportacionAux.mdb", "ExportacionExcel0.mdb"}) office.folder.Touch(name);
+  const auto other = files::FileLock::TryTake(office.Path("VelmarExportacion.lock"));
+  const auto before = office.Files();
+  CancelAtOnce queue(office);
+  office.clock.tick = std::chrono::milliseconds(10);
+  office.toolkit.Loop().Native(&queue);
+  EXPECT_EQ(office.Export(), Outcome::kCancelled);
+  office.toolkit.Loop().Native(nullptr);
+  EXPECT_EQ(office.Files(), before);
+  ExpectOpenWindow(office);
 }
 
 TEST(ExportRun, SecondExportDuringTheFirstIsRefusedWithABeep) {

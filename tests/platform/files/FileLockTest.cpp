@@ -29,6 +29,17 @@ TEST(FileLock, IsHeldByOneUntilItGoes) {
   EXPECT_TRUE(FileLock::TryTake(path));
 }
 
+TEST(FileLock, LeavesTheFileOfAnother) {
+  TemporaryFolder folder;
+  const std::string path = folder / "en curso.lock";
+  auto lock = FileLock::TryTake(path);
+  std::filesystem::remove(path);
+  const auto other = FileLock::TryTake(path);
+  ASSERT_TRUE(other);
+  lock.reset();
+  EXPECT_FALSE(FileLock::TryTake(path));
+}
+
 TEST(FileLock, DiesWithItsProcess) {
   TemporaryFolder folder;
   const std::string path = folder / "en curso.lock";

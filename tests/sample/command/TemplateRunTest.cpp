@@ -2,8 +2,10 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <csignal>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -122,6 +124,10 @@ TEST_F(TemplateRunTest, ReplacesOnlyAWorkbookAndOnlyIfItMay) {
     EXPECT_THAT(refused.err, HasSubstr("no es un libro de Excel"));
     EXPECT_EQ(content(), letter);
   }
+  const std::string pipe = target_ / "Tubo.xls";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(RunWords(Order("exportar", "Felicitaciones", {"--fichero", pipe, "--sobrescribir"})).code, 5);
+  std::filesystem::remove(pipe);
   // What the wizard's button refuses, and a file that someone has open.
   std::ofstream(target_ / ".~lock.Abierto.xls#") << "Ana";
   std::ofstream(target_ / "Abierto.xls") << first;
