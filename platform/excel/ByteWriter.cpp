@@ -1,6 +1,7 @@
 #include "platform/excel/ByteWriter.h"
 
 #include <algorithm>
+#include <new>
 
 namespace velmar::excel {
 
@@ -21,7 +22,12 @@ void ByteWriter::PadTo(std::size_t unit) {
 
 void ByteWriter::Grow(std::size_t count) {
   constexpr std::size_t kFirst = 512;
-  storage_.resize(std::max({kFirst, storage_.size() * 2, size_ + count}));
+  const std::size_t capacity = std::max({kFirst, capacity_ * 2, size_ + count});
+  void* grown = std::realloc(storage_.get(), capacity);
+  if (grown == nullptr) throw std::bad_alloc();
+  static_cast<void>(storage_.release());
+  storage_.reset(static_cast<std::uint8_t*>(grown));
+  capacity_ = capacity;
 }
 
 }  // namespace velmar::excel

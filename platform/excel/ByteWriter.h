@@ -2,9 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <span>
-#include <vector>
+#include <utility>
 
 namespace velmar::excel {
 
@@ -12,10 +14,19 @@ namespace velmar::excel {
 /// tiny pieces: Extend gives raw room and does nothing else while the buffer lasts.
 class ByteWriter {
  public:
+  ByteWriter() = default;
+  ByteWriter(ByteWriter&& other) noexcept { *this = std::move(other); }
+  ByteWriter& operator=(ByteWriter&& other) noexcept {
+    storage_ = std::move(other.storage_);
+    capacity_ = std::exchange(other.capacity_, 0);
+    size_ = std::exchange(other.size_, 0);
+    return *this;
+  }
+
   /// Room for count more bytes, of any content, valid until the next call.
   std::uint8_t* Extend(std::size_t count) {
-    if (storage_.size() - size_ < count) Grow(count);
-    std::uint8_t* place = storage_.data() + size_;
+    if (capacity_ - size_ < count) Grow(count);
+    std::uint8_t* place = storage_.get() + size_;
     size_ += count;
     return place;
   }
@@ -33,12 +44,12 @@ class ByteWriter {
   void PadTo(std::size_t unit);
 
   /// Overwrite what stands at the place already.
-  void Patch16(std::size_t place, std::uint16_t value) { Store16(storage_.data() + place, value); }
-  void Patch32(std::size_t place, std::uint32_t value) { Store32(storage_.data() + place, value); }
-  void Patch8(std::size_t place, std::uint8_t value) { storage_[place] = value; }
+  void Patch16(std::size_t place, std::uint16_t value) { Store16(storage_.get() + place, value); }
+  void Patch32(std::size_t place, std::uint32_t value) { Store32(storage_.get() + place, value); }
+  void Patch8(std::size_t place, std::uint8_t value) { storage_.get()[place] = value; }
 
   std::size_t Size() const { return size_; }
-  std::span<const std::uint8_t> Content() const { return {storage_.data(), size_}; }
+  std::span<const std::uint8_t> Content() const { return {storage_.get(), size_}; }
 
   static void Store16(std::uint8_t* place, std::uint16_t value) {
     place[0] = static_cast<std::uint8_t>(value);
@@ -50,9 +61,15 @@ class ByteWriter {
   }
 
  private:
+  struct Free {
+    void operator()(std::uint8_t* bytes) const noexcept { std::free(bytes); }
+  };
+
   void Grow(std::size_t count);
 
-  std::vector<std::uint8_t> storage_;
+  // Not a vector: a great buffer grows without being copied, and its unused room is never touched.
+  std::unique_ptr<std::uint8_t, Free> storage_;
+  std::size_t capacity_ = 0;
   std::size_t size_ = 0;
 };
 
