@@ -1,16 +1,11 @@
 #include "reliability/WizardUser.h"
 
-#include <chrono>
-#include <memory>
-
-#include "host/ComponentSite.h"
-#include "host/cPrincipal.h"
+#include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
 #include "platform/text/Search.h"
-#include "platform/toolkit/ScriptedToolkit.h"
 #include "sample/CalendarDate.h"
-#include "sample/host/SampleClasses.h"
-#include "sample/host/SampleHost.h"
+#include "sample/command/WizardRun.h"
+#include "sample/command/WizardSession.h"
 #include "wizard/frmExportacion.h"
 
 namespace velmar::reliability {
@@ -18,27 +13,9 @@ namespace {
 
 using Controls = wizard::ExportControls;
 
-class Site final : public ComponentSite {
- public:
-  explicit Site(toolkit::Toolkit& toolkit) : toolkit_(toolkit) { cPrincipal().SetSite(this); }
-  Site(const Site&) = delete;
-  Site& operator=(const Site&) = delete;
-  ~Site() override { cPrincipal().SetSite(nullptr); }
+using sample::WizardRun;
 
-  toolkit::Toolkit& Surroundings() override { return toolkit_; }
-
- private:
-  toolkit::Toolkit& toolkit_;
-};
-
-struct Field {
-  const char* node;
-  const char* literal;
-  std::string filter = {};
-  bool sorted = false;
-};
-
-std::vector<Field> FieldsOf(Selection selection) {
+std::vector<WizardRun::Field> FieldsOf(Selection selection) {
   const char* people = "(COL) Colaboradores";
   if (selection == Selection::kDeclaration) {
     const char* node = "(MOD) Modelo182";
@@ -64,32 +41,6 @@ std::vector<Field> FieldsOf(Selection selection) {
           {receipts, "Cuenta bancaria"}};
 }
 
-/// False if the window does not offer the field, as after a failure while it was loaded.
-bool Pick(wizard::frmExportacion& form, toolkit::ScriptedToolkit& user, const Field& field) {
-  const long node = form.cboExportar.FindStringExact(field.node);
-  if (node < 0 || !form.cboExportar.UserChoose(node)) return false;
-  const long literal = form.lstDisponibles.FindStringExact(field.literal);
-  if (literal < 0) return false;
-  form.lstDisponibles.UserDoubleClick(literal);
-  form.msgSeleccionados.UserClick(form.msgSeleccionados.Rows() - 1);
-  if (!field.filter.empty()) {
-    form.txtFiltro.UserPaste(field.filter);
-    form.cmdFiltro(Controls::kFilterAssign).UserClick();
-  }
-  if (field.sorted) {
-    user.AnswerMenu("Agregar al 'orden'");
-    form.msgSeleccionados.UserMouseUp(2, 0, 0, 0);
-  }
-  return true;
-}
-
-bool PickAll(wizard::frmExportacion& form, toolkit::ScriptedToolkit& user, Selection selection) {
-  for (const Field& field : FieldsOf(selection)) {
-    if (!Pick(form, user, field)) return false;
-  }
-  return true;
-}
-
 }  // namespace
 
 bool Seen::Told(const std::string& piece) const {
@@ -107,21 +58,24 @@ std::string Seen::Text() const {
 
 Seen Export(const std::string& folder, const std::string& file, Selection selection) {
   Seen seen;
-  toolkit::ScriptedToolkit user;
   sample::SampleHost::Settings settings;
   settings.folder = folder;
-  sample::RegisterSampleClasses(user, settings.title);
-  const Site site(user);
+  sample::WizardSession session(settings);
+  toolkit::ScriptedToolkit& user = session.User();
   user.AlwaysAnswer(toolkit::kYes, "asignar el filtro");
   user.AnswerFile(file);
-  user.WhenShown("frmExportacion", [&](toolkit::Form& shown) {
-    auto& form = dynamic_cast<wizard::frmExportacion&>(shown);
-    if (PickAll(form, user, selection)) form.cmdExportar(Controls::kExport).UserClick();
-    form.UserClose();  // Still open after a refusal or a failure.
-  });
   std::string error;
   try {
-    cPrincipal().PasarDatos(std::make_shared<sample::SampleHost>(settings));
+    session.Run([&](wizard::frmExportacion& form) {
+      try {
+        for (const WizardRun::Field& field : FieldsOf(selection)) WizardRun::Pick(form, user, field);
+      } catch (const RuntimeError& missing) {
+        // The window does not offer the field, as after a failure while it was loaded.
+        if (missing.Number() == kItemNotInCollection) return;
+        throw;
+      }
+      form.cmdExportar(Controls::kExport).UserClick();
+    });
   } catch (const std::exception& failure) {
     error = std::string("PasarDatos: ") + failure.what();
   }
