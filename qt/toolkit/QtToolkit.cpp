@@ -93,7 +93,8 @@ void QtToolkit::Wake() {
 
 void QtToolkit::RunModal(toolkit::Form& form) {
   const UserTurn turn(*this);
-  const std::unique_ptr<FormWindow> window = makeWindow_(form, Parent());
+  const QPointer<QWidget> below = Parent();
+  const std::unique_ptr<FormWindow> window = makeWindow_(form, below);
   struct Entry {
     Entry(std::vector<FormWindow*>& windows, FormWindow* window) : windows_(windows) {
       windows_.push_back(window);
@@ -113,6 +114,8 @@ void QtToolkit::RunModal(toolkit::Form& form) {
   // Another end than the form's own, that of the whole program, leaves the form to be unloaded here.
   if (form.Visible()) loop.exec();
   if (form.Visible()) form.Unload();
+  // A form that closes right behind its last box leaves some window managers without a window to go back to.
+  if (below != nullptr && below->isVisible()) below->activateWindow();
 }
 
 void QtToolkit::AwaitExposure(QWidget& window) {
@@ -208,11 +211,12 @@ void QtToolkit::TellFailure(const RuntimeError& failure) {
   };
   const Telling telling(telling_);
   const toolkit::Form* form = ActiveForm();
+  const QWidget* window = owner_ != nullptr ? owner_.data() : QApplication::activeWindow();
+  const QString host = window != nullptr ? window->windowTitle() : QGuiApplication::applicationDisplayName();
   MsgBox("La última operación no se ha completado.\r\r" + failure.Description() + "\r\r(Error " +
              std::to_string(failure.Number()) +
              ".) Puede seguir trabajando; si se repite, avise al responsable de la aplicación.",
-         toolkit::kCritical,
-         form == nullptr ? QGuiApplication::applicationDisplayName().toStdString() : form->Caption());
+         toolkit::kCritical, form == nullptr ? host.toStdString() : form->Caption());
 }
 
 void QtToolkit::LostFailure(const std::string& form) noexcept {

@@ -54,6 +54,7 @@ SaveDialog::SaveDialog(const controls::CommonDialog& settings, Confirm confirm, 
   // The system's dialog would speak the system's language and ask in its own way. The question before an
   // existing file is replaced must know the extension that is added later.
   setOptions(DontUseNativeDialog | DontConfirmOverwrite);
+  setIconProvider(&icons);
   setWindowModality(Qt::ApplicationModal);
   setAcceptMode(AcceptSave);
   setFileMode(AnyFile);

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "qt/views/RowDelegate.h"
@@ -15,6 +16,13 @@ namespace {
 
 constexpr int kFewestRows = 3;
 constexpr int kFewestCharacters = 12;
+
+bool IsMove(const QKeyEvent& event) {
+  constexpr int kMoves[] = {Qt::Key_Up,   Qt::Key_Down,  Qt::Key_PageUp, Qt::Key_PageDown,
+                            Qt::Key_Left, Qt::Key_Right, Qt::Key_Home,   Qt::Key_End};
+  return (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier &&
+         std::find(std::begin(kMoves), std::end(kMoves), event.key()) != std::end(kMoves);
+}
 
 }  // namespace
 
@@ -89,7 +97,16 @@ void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void ListView::keyPressEvent(QKeyEvent* event) {
   TakeOver();
-  QListView::keyPressEvent(event);
+  if (IsMove(*event) && !selectionModel()->hasSelection() && model_.rowCount() > 0) {
+    // Where nothing is chosen, the first move chooses: else it would jump over the first item.
+    const int waiting = qMax(currentIndex().row(), 0);
+    const int row = event->key() == Qt::Key_End    ? model_.rowCount() - 1
+                    : event->key() == Qt::Key_Home ? 0
+                                                   : waiting;
+    selectionModel()->setCurrentIndex(model_.index(row), QItemSelectionModel::ClearAndSelect);
+  } else {
+    QListView::keyPressEvent(event);
+  }
   Report(false);
 }
 

@@ -5,7 +5,7 @@
 namespace velmar::sample {
 
 std::optional<std::string_view> HelpTopic(long topic) {
-  if (topic != kAssistantTopic) return std::nullopt;
+  if (topic != kAssistantTopic && topic != kFirstTopic) return std::nullopt;
   return kAsistentePage;
 }
 

@@ -54,6 +54,8 @@ MainWindow::MainWindow(OfficeToolkit& toolkit, SampleHost::Settings settings,
   column->addWidget(MakeButtons());
   setMinimumWidth(fontMetrics().averageCharWidth() * 70);
   ShowOffice();
+  // Left to itself it would take two thirds of the screen's height at most, which cuts large letters.
+  resize(sizeHint());
 }
 
 QWidget* MainWindow::MakeSummary() {

@@ -1,18 +1,18 @@
 #include <QProgressDialog>
+#include <exception>
 #include <filesystem>
 #include <iostream>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "platform/error/RuntimeError.h"
 #include "qt/toolkit/Application.h"
 #include "qt/windows/MakeWindow.h"
 #include "sample/DatabaseGenerator.h"
-#include "sample/SampleFiles.h"
 #include "sample/help/HelpTopic.h"
 #include "sample/window/DisplayCheck.h"
 #include "sample/window/MainWindow.h"
+#include "sample/window/OfficeFiles.h"
 #include "sample/window/ProgramIcon.h"
 #include "sample/window/WizardCall.h"
 
@@ -33,13 +33,10 @@ std::optional<QString> HelpPage(const std::string& /*file*/, long topic) {
   return QString::fromUtf8(page->data(), static_cast<qsizetype>(page->size()));
 }
 
-void MakeDatabases(const std::string& folder) {
-  if (std::filesystem::exists(PathIn(folder, kMainFile)) &&
-      std::filesystem::exists(PathIn(folder, kReportsFile))) {
-    return;
-  }
+void MakeDatabases(const std::string& folder, const std::string& title) {
+  if (HasOffice(folder)) return;
   QProgressDialog progress("Creando las bases de datos de ejemplo…", {}, 0, 0);
-  progress.setWindowTitle(QGuiApplication::applicationDisplayName());
+  progress.setWindowTitle(QString::fromStdString(title));
   progress.setMinimumDuration(0);
   progress.show();
   QCoreApplication::processEvents();
@@ -54,16 +51,19 @@ int Run(qt::Application& application, const std::string& folder) {
   toolkit.Help(HelpPage);
   SampleHost::Settings settings;
   settings.folder = folder;
-  QGuiApplication::setApplicationDisplayName(QString::fromStdString(settings.title));
-  int status = kFailed;
-  toolkit.Loop().Dispatch([&] {
-    MakeDatabases(folder);
+  // Without a window there is nothing to go on with.
+  try {
+    MakeDatabases(folder, settings.title);
     WizardCall wizard(toolkit, settings);
     MainWindow window(toolkit, settings, [&wizard] { wizard.Open(); });
     window.show();
-    status = QApplication::exec();
-  });
-  return status;
+    return QApplication::exec();
+  } catch (const std::exception& failure) {
+    std::cerr << failure.what() << std::endl;
+    toolkit.MsgBox("El programa no puede empezar y se cierra.\r\r" + std::string(failure.what()),
+                   toolkit::kCritical, settings.title);
+    return kFailed;
+  }
 }
 
 }  // namespace

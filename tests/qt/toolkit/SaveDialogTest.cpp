@@ -1,6 +1,7 @@
 #include "qt/toolkit/SaveDialog.h"
 
 #include <QComboBox>
+#include <QFileIconProvider>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTemporaryDir>
@@ -54,6 +55,22 @@ TEST_F(SaveDialogs, HaveTheSettingsAndSpeakSpanish) {
   });
   form->dlgArchivo.ShowSave();
   EXPECT_EQ(form->dlgArchivo.FileName(), In("enero.xls"));
+}
+
+TEST_F(SaveDialogs, TellFilesByTheirNamesWithoutReadingIntoThem) {
+  std::ofstream(In("sin nombre")) << "%PDF-1.4\n";
+  std::ofstream(In("hoja.xls")) << "x";
+  user.InModal<SaveDialog>("the dialog", [&](SaveDialog& dialog) {
+    const auto kind = [&](const char* file) {
+      return dialog.iconProvider()->type(QFileInfo(folder_.filePath(file))).toStdString();
+    };
+    EXPECT_EQ(kind("sin nombre"), kind("otro que no existe"));
+    EXPECT_NE(kind("hoja.xls"), kind("sin nombre"));
+    EXPECT_FALSE(dialog.iconProvider()->icon(QFileInfo(folder_.filePath("hoja.xls"))).isNull());
+    Type(dialog, "marzo");
+  });
+  form->dlgArchivo.ShowSave();
+  EXPECT_EQ(form->dlgArchivo.FileName(), In("marzo.xls"));
 }
 
 TEST_F(SaveDialogs, AskBeforeAFileIsReplacedAlsoUnderItsDefaultExtension) {

@@ -97,6 +97,33 @@ TEST_F(ListViewTest, ChoosesOneAndRaisesClickForEachClickOnIt) {
   EXPECT_EQ(Shown(), (Rows{5}));
 }
 
+TEST_F(ListViewTest, AKeyReachesTheFirstItemOfAListWithoutAChoice) {
+  const struct {
+    long multiSelect;
+    Qt::Key key;
+    Rows chosen;
+  } cases[] = {{0, Qt::Key_Down, {0}}, {0, Qt::Key_Home, {0}}, {2, Qt::Key_Down, {0}}, {2, Qt::Key_End, {7}}};
+  Open(0);
+  view->setFocus(Qt::TabFocusReason);
+  for (const auto& c : cases) {
+    SCOPED_TRACE(::testing::Message() << c.multiSelect << ' ' << c.key);
+    list.MultiSelect(c.multiSelect);
+    while (list.ListCount() > 0) list.RemoveItem(0);
+    for (int i = 0; i < 8; ++i) list.AddItem("Campo " + std::to_string(i));
+    EXPECT_EQ(Shown(), Rows{});
+    QTest::keyClick(view, c.key);
+    EXPECT_EQ(Shown(), c.chosen);
+  }
+  // What stands in the place of an item that has gone comes next.
+  list.MultiSelect(0);
+  list.ListIndex(3);
+  ShownView::Settle();
+  list.RemoveItem(3);
+  EXPECT_EQ(Shown(), Rows{});
+  QTest::keyClick(view, Qt::Key_Down);
+  EXPECT_EQ(Shown(), Rows{3});
+}
+
 TEST_F(ListViewTest, TypingLettersGoesToTheItem) {
   Open(2);
   Click(0);

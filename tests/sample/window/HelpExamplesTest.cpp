@@ -64,6 +64,7 @@ TEST(HelpExamples, ExplainEveryOperatorOfTheList) {
     const bool isMark = item == "`" || item == "´" || item == "(" || item == ")";
     EXPECT_NE(page.find(isMark ? item : "<td>" + item + "</td>"), std::string::npos) << item;
   }
+  EXPECT_EQ(HelpTopic(kFirstTopic), HelpTopic(kAssistantTopic));
   EXPECT_FALSE(HelpTopic(kAssistantTopic + 1).has_value());
 }
 

@@ -104,6 +104,7 @@ TEST_F(MainWindows, ExportByMouseAndKeyboardToAWorkbookThatOthersRead) {
   });
   OpenWizard();
   EXPECT_TRUE(user_.Done());
+  EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
 
   const auto sheets = ReadWorkbook(file);
   ASSERT_EQ(sheets.size(), 1U);
@@ -116,8 +117,9 @@ TEST_F(MainWindows, ExportByMouseAndKeyboardToAWorkbookThatOthersRead) {
 TEST_F(MainWindows, TellAFailureOfTheCallAndStay) {
   MainWindow window(toolkit_, settings_, [] { throw std::runtime_error("no library"); });
   window.show();
-  user_.InModal<qt::MessageBox>("the failure", [](qt::MessageBox& box) {
+  user_.InModal<qt::MessageBox>("the failure", [&](qt::MessageBox& box) {
     EXPECT_NE(box.text().toStdString().find("no library"), std::string::npos);
+    EXPECT_EQ(box.windowTitle().toStdString(), settings_.title);
     QTest::keyClick(&box, Qt::Key_Return);
   });
   Robot::Press(window, "Asistente de exportación…");
