@@ -61,7 +61,7 @@ HResult GetClassObject(const ClassRegistry& registry, const Guid* classId, const
   const HResult made = Guarded([&] {
     const auto* entry = registry.Find(*classId);
     if (entry == nullptr) return;
-    auto* factory = new ObjectFactory(entry->make);
+    auto* factory = new ObjectFactory(entry->make);  // NOLINT(bugprone-unhandled-exception-at-new): Guarded
     answer = factory->QueryInterface(*interface, result);
     factory->Release();
   });

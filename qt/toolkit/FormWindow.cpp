@@ -46,7 +46,7 @@ FormWindow::FormWindow(toolkit::Form& form, QWidget* parent)
       form_(form) {
   setWindowModality(Qt::ApplicationModal);
   setObjectName(QString::fromStdString(form.Name()));
-  FormChanged(form);
+  FormWindow::FormChanged(form);
   form_.Observe(*this);
   // Keys go to the widget with the focus first, and some would keep Enter or Esc to themselves.
   qApp->installEventFilter(this);
