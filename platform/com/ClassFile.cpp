@@ -80,7 +80,7 @@ void ClassFile::Write(const std::vector<Entry>& entries) const {
   const std::string fresh = path_ + ".nuevo";
   std::ofstream file(fresh, std::ios::trunc);
   for (const Entry& entry : entries) {
-    file << entry.progId << '\t' << entry.classId.ToText() << '\t' << entry.library << '\n';
+    file << entry.progId << '\t' << entry.classId.ToText() << '\t' << entry.server << '\n';
   }
   file.close();
   error.clear();

@@ -17,7 +17,7 @@ class ClassFile {
   struct Entry {
     std::string progId;
     Guid classId;
-    std::string library;
+    std::string server;
   };
 
   explicit ClassFile(std::string path);

@@ -15,7 +15,7 @@ template <typename Key>
 std::shared_ptr<Object> Create(const Key& key, const std::string& shown) {
   if (const auto* own = ClassRegistry::Instance().Find(key)) return own->make();
   if (const auto published = ClassFile::OfUser().Find(key)) {
-    return CreateFromLibrary(published->library, published->classId);
+    return CreateFromLibrary(published->server, published->classId);
   }
   throw RuntimeError(kCannotCreateObject,
                      "No se puede crear un objeto de la clase " + shown +

@@ -63,7 +63,7 @@ QtToolkit::~QtToolkit() {
   application_.OnFailure(nullptr);
   Loop().OnSooner(nullptr);
   Loop().Native(nullptr);
-  PointerChanged(0);
+  QtToolkit::PointerChanged(0);
 }
 
 bool QtToolkit::Process() {

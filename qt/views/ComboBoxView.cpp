@@ -9,13 +9,13 @@ ComboBoxView::ComboBoxView(controls::ComboBox& box, UserEvents events, QWidget* 
     : QComboBox(parent), ControlLink(box, *this, std::move(events)), box_(box), model_(box) {
   setModel(&model_);
   // The widget chooses for itself when rows come and go; connected behind it, this has the last word.
-  const auto follow = [this] { Show(controls::Property::kSelection); };
+  const auto follow = [this] { ComboBoxView::Show(controls::Property::kSelection); };
   connect(&model_, &QAbstractItemModel::rowsInserted, this, follow);
   connect(&model_, &QAbstractItemModel::rowsRemoved, this, follow);
   connect(&model_, &QAbstractItemModel::modelReset, this, follow);
   connect(this, &QComboBox::activated, this, [this](int index) {
     Act([&] { box_.UserChoose(index); });
-    Show(controls::Property::kSelection);
+    ComboBoxView::Show(controls::Property::kSelection);
   });
   follow();
 }

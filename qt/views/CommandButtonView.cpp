@@ -16,8 +16,8 @@ CommandButtonView::CommandButtonView(controls::CommandButton& button, UserEvents
     setIcon(QIcon(new GlyphIcon(glyph)));
     setIconSize({side, side});
   }
-  Show(controls::Property::kCaption);
-  Show(controls::Property::kDefault);
+  CommandButtonView::Show(controls::Property::kCaption);
+  CommandButtonView::Show(controls::Property::kDefault);
   connect(this, &QPushButton::clicked, this, [this] {
     // An access key presses the button wherever the focus is.
     setFocus(Qt::ShortcutFocusReason);

@@ -6,7 +6,7 @@ namespace velmar::qt {
 
 FrameView::FrameView(controls::Frame& frame, UserEvents events, QWidget* parent)
     : QGroupBox(parent), ControlLink(frame, *this, std::move(events)), frame_(frame) {
-  Show(controls::Property::kCaption);
+  FrameView::Show(controls::Property::kCaption);
 }
 
 void FrameView::Show(controls::Property what) {

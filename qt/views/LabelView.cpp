@@ -7,7 +7,7 @@ namespace velmar::qt {
 LabelView::LabelView(controls::Label& label, UserEvents events, QWidget* parent)
     : QLabel(parent), ControlLink(label, *this, std::move(events)), label_(label) {
   setTextFormat(Qt::PlainText);
-  Show(controls::Property::kCaption);
+  LabelView::Show(controls::Property::kCaption);
 }
 
 void LabelView::Show(controls::Property what) {

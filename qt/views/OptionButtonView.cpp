@@ -10,8 +10,8 @@ OptionButtonView::OptionButtonView(controls::OptionButton& button, UserEvents ev
     : QRadioButton(parent), ControlLink(button, *this, std::move(events)), button_(button) {
   // The control keeps the choice single, and each option is a stop of the tab key.
   setAutoExclusive(false);
-  Show(controls::Property::kCaption);
-  Show(controls::Property::kValue);
+  OptionButtonView::Show(controls::Property::kCaption);
+  OptionButtonView::Show(controls::Property::kValue);
   connect(this, &QRadioButton::clicked, this, [this] { Choose(); });
 }
 

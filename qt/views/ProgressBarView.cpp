@@ -14,7 +14,7 @@ ProgressBarView::ProgressBarView(controls::ProgressBar& bar, UserEvents events, 
     : QProgressBar(parent), ControlLink(bar, *this, std::move(events)), bar_(bar) {
   setRange(0, kWhole);
   setTextVisible(false);
-  Show(controls::Property::kValue);
+  ProgressBarView::Show(controls::Property::kValue);
 }
 
 void ProgressBarView::Show(controls::Property what) {

@@ -74,11 +74,10 @@ void TextMirror::ShowBox() {
 
 void TextMirror::TakeKey(QKeyEvent& event, const std::function<void(QKeyEvent&)>& native) {
   const QString typed = TypedBy(event);
+  const QString left = typed.isEmpty() ? typed : LeftByBox(typed);
   if (IsEnter(event)) {
     event.ignore();
-  } else if (typed.isEmpty()) {
-    native(event);
-  } else if (const QString left = LeftByBox(typed); left == typed) {
+  } else if (left == typed) {
     native(event);
   } else if (!left.isEmpty()) {
     QKeyEvent other(event.type(), Qt::Key_unknown, Qt::NoModifier, left);

@@ -118,7 +118,7 @@ TEST_F(Component, RegistersOneClassForTheUserAndTakesItBack) {
   const auto entries = com::ClassFile::OfUser().Entries();
   ASSERT_EQ(entries.size(), 1U);
   EXPECT_EQ(entries[0].progId, "VelmarExportacion.cPrincipal");
-  EXPECT_EQ(entries[0].library, std::filesystem::canonical(VELMAR_COMPONENT));
+  EXPECT_EQ(entries[0].server, std::filesystem::canonical(VELMAR_COMPONENT));
   EXPECT_NE(com::Query<Principal>(com::CreateObject("velmarexportacion.CPRINCIPAL")), nullptr);
   EXPECT_EQ(Entry<Plain>("DllUnregisterServer")(), com::kSOk);
   EXPECT_TRUE(com::ClassFile::OfUser().Entries().empty());

@@ -22,10 +22,10 @@ TEST_F(ClassFileTest, KeepsWhatIsPublished) {
   file.Publish({"A.cUno", one, "/opt/un sitio/liba.so"});
   file.Publish({"A.cDos", two, "/opt/liba.so"});
   ASSERT_TRUE(file.Find("a.CUNO"));
-  EXPECT_EQ(file.Find("a.CUNO")->library, "/opt/un sitio/liba.so");
+  EXPECT_EQ(file.Find("a.CUNO")->server, "/opt/un sitio/liba.so");
   file.Publish({"A.cUno", one, "/opt/nueva.so"});
   EXPECT_EQ(file.Entries().size(), 2U);
-  EXPECT_EQ(file.Find(one)->library, "/opt/nueva.so");
+  EXPECT_EQ(file.Find(one)->server, "/opt/nueva.so");
   file.Withdraw(one);
   EXPECT_FALSE(file.Find(one));
   EXPECT_TRUE(file.Find(two));
