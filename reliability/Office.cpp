@@ -1,6 +1,5 @@
 #include "reliability/Office.h"
 
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <stdlib.h>
 
@@ -62,7 +61,7 @@ std::string MakeFolder(const std::string& parent) {
   std::error_code ignored;
   const std::string place = !parent.empty()                     ? parent
                             : fs::is_directory(memory, ignored) ? memory
-                                                                : testing::TempDir();
+                                                                : fs::temp_directory_path().string();
   std::string folder = place + "/velmar-fiable-XXXXXX";
   if (mkdtemp(folder.data()) == nullptr) throw std::runtime_error("no folder in " + place);
   return folder;
