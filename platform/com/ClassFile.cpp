@@ -7,12 +7,23 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/error/ErrObject.h"
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
 #include "platform/text/Collation.h"
 #include "platform/text/Search.h"
 
 namespace velmar::com {
+namespace {
+
+[[noreturn]] void RaiseUnreadable(const std::string& path, const std::string& reason) {
+  throw RuntimeError(
+      kDeviceIoError,
+      "No se puede leer el registro de clases \"" + path + "\": " + reason + ". Bórrelo y registre de nuevo.",
+      "CreateObject");
+}
+
+}  // namespace
 
 ClassFile::ClassFile(std::string path) : path_(std::move(path)) {}
 
@@ -29,18 +40,17 @@ std::vector<ClassFile::Entry> ClassFile::Entries() const {
   std::error_code ignored;
   if (!std::filesystem::exists(path_, ignored)) return entries;
   std::ifstream file(path_);
-  bool good = file.is_open();
-  for (std::string line; good && std::getline(file, line);) {
+  if (!file.is_open()) RaiseUnreadable(path_, "no se puede abrir");
+  for (std::string line; std::getline(file, line);) {
     const std::vector<std::string> fields = text::Split(line, "\t");
-    good = fields.size() == 3;
-    if (good) entries.push_back({fields[0], Guid::FromText(fields[1]), fields[2]});
+    ErrObject Err;
+    const bool good = fields.size() == 3 && Err.Try([&] {
+      entries.push_back({fields[0], Guid::FromText(fields[1]), fields[2]});
+    });
+    if (!good)
+      RaiseUnreadable(path_, "la línea " + std::to_string(entries.size() + 1) + " no describe una clase");
   }
-  if (!good || file.bad()) {
-    throw RuntimeError(
-        kDeviceIoError,
-        "No se puede leer el registro de clases \"" + path_ + "\". Bórrelo y registre de nuevo.",
-        "CreateObject");
-  }
+  if (file.bad()) RaiseUnreadable(path_, "falla la lectura");
   return entries;
 }
 

@@ -17,6 +17,12 @@
 #include "fuzz/Violation.h"
 
 namespace velmar::fuzz {
+
+// Where the test library looks for it: its own form would be that of bytes.
+static void PrintTo(const Target& target, std::ostream* out) {
+  *out << target.name;
+}
+
 namespace {
 
 using Text = std::vector<std::uint8_t>;

@@ -3,6 +3,12 @@
 #include <gtest/gtest.h>
 
 namespace velmar::reliability {
+
+// Where the test library looks for it: its own form would be that of bytes.
+static void PrintTo(Selection selection, std::ostream* out) {
+  *out << (selection == Selection::kReceipts ? "receipts" : "declaration");
+}
+
 namespace {
 
 constexpr long kCollaborators = 12;
@@ -34,7 +40,8 @@ TEST_P(SweepTest, KilledProcessDoesNoHarm) {
   ExpectNone(SweepKillsByTime(scenario_, Original(), 15));
 }
 
-INSTANTIATE_TEST_SUITE_P(Exports, SweepTest, testing::Values(Selection::kReceipts, Selection::kDeclaration));
+INSTANTIATE_TEST_SUITE_P(Exports, SweepTest, testing::Values(Selection::kReceipts, Selection::kDeclaration),
+                         testing::PrintToStringParamName());
 
 }  // namespace
 }  // namespace velmar::reliability

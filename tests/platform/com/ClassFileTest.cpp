@@ -1,6 +1,9 @@
 #include "platform/com/ClassFile.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <fstream>
 
 #include "platform/error/RuntimeError.h"
 #include "platform/files/TemporaryFolder.h"
@@ -17,24 +20,29 @@ class ClassFileTest : public testing::Test {
 };
 
 TEST_F(ClassFileTest, KeepsWhatIsPublished) {
-  EXPECT_TRUE(file.Entries().empty());
   file.Withdraw(one);
-  file.Publish({"A.cUno", one, "/opt/un sitio/liba.so"});
+  file.Publish({"A.cUno", one, "/opt/liba.so"});
   file.Publish({"A.cDos", two, "/opt/liba.so"});
-  ASSERT_TRUE(file.Find("a.CUNO"));
-  EXPECT_EQ(file.Find("a.CUNO")->server, "/opt/un sitio/liba.so");
-  file.Publish({"A.cUno", one, "/opt/nueva.so"});
+  file.Publish({"A.cUno", one, "/opt/un sitio/nueva.so"});
   EXPECT_EQ(file.Entries().size(), 2U);
-  EXPECT_EQ(file.Find(one)->server, "/opt/nueva.so");
+  ASSERT_TRUE(file.Find("a.CUNO"));
+  EXPECT_EQ(file.Find("a.CUNO")->server, "/opt/un sitio/nueva.so");
   file.Withdraw(one);
   EXPECT_FALSE(file.Find(one));
   EXPECT_TRUE(file.Find(two));
-  EXPECT_FALSE(std::filesystem::exists(file.Path() + ".nuevo"));
 }
 
 TEST_F(ClassFileTest, TellsWhatItCannotReadOrWrite) {
   folder.Touch("sub/clases.tsv");
-  EXPECT_THROW(file.Entries(), RuntimeError);
+  for (const char* line : {"A.cDos\tsin servidor", "A.cDos\tno es un identificador\t/opt/liba.so"}) {
+    std::ofstream(file.Path()) << "A.cUno\t" << one.ToText() << "\t/opt/liba.so\n" << line << '\n';
+    try {
+      file.Entries();
+      ADD_FAILURE() << line;
+    } catch (const RuntimeError& error) {
+      EXPECT_THAT(error.Description(), testing::HasSubstr(file.Path() + "\": la línea 2"));
+    }
+  }
   EXPECT_THROW(ClassFile("/proc/no/clases.tsv").Publish({"A.cUno", one, "x"}), RuntimeError);
 }
 
