@@ -29,19 +29,10 @@ inline std::vector<std::vector<std::vector<std::string>>> ReadWorkbook(const std
         FreeXL_CellValue cell{};
         if (freexl_get_cell_value(handle, row, column, &cell) != FREEXL_OK)
           throw std::runtime_error("bad cell");
-        switch (cell.type) {
-          case FREEXL_CELL_INT:
-            cells.push_back(std::to_string(cell.value.int_value));
-            break;
-          case FREEXL_CELL_DOUBLE:
-            cells.push_back(text::FromDouble(cell.value.double_value));
-            break;
-          case FREEXL_CELL_NULL:
-            cells.emplace_back();
-            break;
-          default:
-            cells.emplace_back(cell.value.text_value);
-        }
+        const bool isText = cell.type != FREEXL_CELL_INT && cell.type != FREEXL_CELL_DOUBLE;
+        if (cell.type == FREEXL_CELL_INT) cells.push_back(std::to_string(cell.value.int_value));
+        if (cell.type == FREEXL_CELL_DOUBLE) cells.push_back(text::FromDouble(cell.value.double_value));
+        if (isText) cells.emplace_back(cell.type == FREEXL_CELL_NULL ? "" : cell.value.text_value);
       }
     }
   }

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <string>
 
 namespace velmar::files {
@@ -25,6 +26,7 @@ class TemporaryFolder {
     std::filesystem::remove_all(path_, ignored);
   }
 
+  std::string Path() const { return path_.string(); }
   std::string operator/(const std::string& name) const { return (path_ / name).string(); }
 
   /// Makes an empty file, and its folders.
@@ -33,6 +35,12 @@ class TemporaryFolder {
     std::ofstream(path_ / name) << "x";
   }
 
+  std::set<std::string> Names() const {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(path_))
+      names.insert(entry.path().filename());
+    return names;
+  }
   bool Empty() const { return std::filesystem::is_empty(path_); }
   bool Has(const std::string& name) const { return std::filesystem::exists(path_ / name); }
 

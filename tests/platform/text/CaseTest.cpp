@@ -10,6 +10,7 @@ namespace {
 TEST(Case, MapsEveryAlphabet) {
   EXPECT_EQ(LCase("DONACIÓN de Ñ AZ az @[`{ ΑΒΓ ДОМ"), "donación de ñ az az @[`{ αβγ дом");
   EXPECT_EQ(UCase("AZ az pingüino çedilla àèò ñ @[`{"), "AZ AZ PINGÜINO ÇEDILLA ÀÈÒ Ñ @[`{");
+  EXPECT_EQ(LCase("€𝄞Ñ\xF1O\xC3"), "€𝄞ñ\uFFFDo\uFFFD") << "broken bytes change";
   EXPECT_EQ(FoldCase("ÑANDÚ Σσς"), FoldCase("ñandú σΣσ"));
 }
 

@@ -43,12 +43,6 @@ TEST(Collation, EqualityIsEqualityButForCase) {
 
 // The order of SortKey is a total preorder by construction and knows no shortcut: if every pair agrees with
 // it, CompareText is antisymmetric and transitive, and its shortcuts decide as the collation does.
-void ExpectAsSortKeys(const std::string& a, const std::string& b) {
-  const int expected = Sign(SortKey(a).compare(SortKey(b)));
-  ASSERT_EQ(Sign(CompareText(a, b)), expected) << testing::PrintToString(a) << testing::PrintToString(b);
-  ASSERT_EQ(Sign(CompareText(b, a)), -expected) << testing::PrintToString(a) << testing::PrintToString(b);
-}
-
 // The alphabet holds what attracts, stacks, expands or has no weight, and bytes that are no text.
 TEST(Collation, ShortcutsAgreeWithSortKeysForRandomTexts) {
   std::vector<std::string> alphabet = {
@@ -68,27 +62,20 @@ TEST(Collation, ShortcutsAgreeWithSortKeysForRandomTexts) {
     for (std::size_t i = draw(6); i > 0; --i) text += alphabet[draw(alphabet.size())];
     return text;
   };
-  for (int round = 0; round < 60000 && !testing::Test::HasFatalFailure(); ++round) {
+  for (int round = 0; round < 60000 && !HasFailure(); ++round) {
     const std::string start = draw(4) == 0 ? std::string() : "xy" + tail();
     const std::string a = start + tail();
-    ExpectAsSortKeys(a, start + tail());
-  }
-}
-
-TEST(Collation, EveryPairOfPlainCharactersAgreesWithSortKeys) {
-  for (int a = 1; a < 128; ++a) {
-    for (int b = 1; b < 128; ++b) {
-      ExpectAsSortKeys({'x', static_cast<char>(a), 'y'}, {'x', static_cast<char>(b)});
-    }
+    const std::string b = start + tail();
+    SCOPED_TRACE(testing::PrintToString(a) + testing::PrintToString(b));
+    EXPECT_EQ(Sign(CompareText(a, b)), Sign(SortKey(a).compare(SortKey(b))));
+    EXPECT_EQ(Sign(CompareText(b, a)), -Sign(CompareText(a, b)));
   }
 }
 
 TEST(Collation, BinaryComparisonIsByCodePoint) {
   EXPECT_GT(Compare("a", "B", Comparison::kBinary), 0);
-  EXPECT_LT(Compare("a", "B", Comparison::kText), 0);
   EXPECT_LT(Compare("z", "ñ", Comparison::kBinary), 0);
   EXPECT_FALSE(Equal("Ana", "ANA", Comparison::kBinary));
-  EXPECT_TRUE(Equal("Ana", "ANA", Comparison::kText));
 }
 
 }  // namespace

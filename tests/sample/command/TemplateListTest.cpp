@@ -9,35 +9,28 @@
 namespace velmar::sample {
 namespace {
 
-using templates::TemplateStore;
-
 TEST(TemplateListTest, ShowsTheUsersTemplatesWithTheirSizes) {
   const SampleDatabase database(5);
-  const TemplateStore store(database.main, 33);
-  constexpr auto kNew = TemplateStore::Existing::kNone;
+  const templates::TemplateStore store(database.main, 33);
+  constexpr auto kNew = templates::TemplateStore::Existing::kNone;
   const std::string node = "(COL) Colaboradores";
   store.Save("Ñandú", {{{node, "Sexo", "", 6}}, {}}, kNew);
+  // A name that cannot stand in a statement is listed all the same.
   store.Save(
       "Los \"fijos\"",
       {{{node, "Sexo", "{Sexo} = `Mujer´", 6}, {node, "País", "{País} = `Chile´", 12}}, {{"(COL) País", 12}}},
       kNew);
-  database.main->Close();
-
-  const std::vector<std::string> words = {"plantillas", "--carpeta", database.folder.Path(), "--usuario",
-                                          "33"};
-  const Ended listed = RunWords(words);
-  EXPECT_EQ(listed.code, 0) << listed.err;
-  // A name that cannot stand in a statement is listed all the same.
-  EXPECT_EQ(listed.out, "Los 'fijos'\t2\t2\t1\nÑandú\t1\t0\t0\n");
-  EXPECT_EQ(RunWords(words, true).out,
+  const auto list = [&](const char* user, bool onTerminal = false) {
+    return RunWords({"plantillas", "--carpeta", database.folder.Path(), "--usuario", user}, onTerminal);
+  };
+  EXPECT_EQ(list("33").out, "Los 'fijos'\t2\t2\t1\nÑandú\t1\t0\t0\n");
+  EXPECT_EQ(list("33", true).out,
             "Plantilla    Campos  Filtros  Orden\n"
             "Los 'fijos'       2        2      1\n"
             "Ñandú             1        0      0\n");
-
-  const Ended none = RunWords({"plantillas", "--carpeta", database.folder.Path(), "--usuario", "-7"});
+  const Ended none = list("-7");
   EXPECT_EQ(none.code, 0);
-  EXPECT_EQ(none.out, "");
-  EXPECT_EQ(none.err, "El usuario -7 no tiene plantillas.\n");
+  EXPECT_EQ(none.out + none.err, "El usuario -7 no tiene plantillas.\n");
 }
 
 }  // namespace

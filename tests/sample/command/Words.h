@@ -1,7 +1,5 @@
 #pragma once
 
-#include <filesystem>
-#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -23,12 +21,6 @@ inline Ended RunWords(const std::vector<std::string>& words, bool onTerminal = f
   std::ostringstream err;
   const int code = CommandLine({out, err, onTerminal, onTerminal}).Run(words);
   return {code, out.str(), err.str()};
-}
-
-inline std::set<std::string> NamesIn(const std::string& folder) {
-  std::set<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) names.insert(entry.path().filename());
-  return names;
 }
 
 }  // namespace velmar::sample
