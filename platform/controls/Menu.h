@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/controls/MenuItem.h"
@@ -17,8 +16,6 @@ class Menu {
   const std::string& Name() const noexcept { return name_; }
   const std::vector<MenuItem>& Items() const noexcept { return items_; }
   MenuItem& Add(MenuItem item);
-  /// The entry of this name, for the program. Raises kSubscriptOutOfRange if there is none.
-  const MenuItem& Item(std::string_view name) const;
 
   /// The user chooses an entry: its Click is raised. False for a line or a place with no entry.
   bool UserChoose(std::size_t index) const;

@@ -41,6 +41,8 @@ class PlayedExport : public wizard::ExportRunner {
 class OpenWizard : public ::testing::Test {
  protected:
   using Controls = wizard::ExportControls;
+  static constexpr const char* kCol = WizardOffice::kCol;
+  static constexpr const char* kRec = WizardOffice::kRec;
 
   OpenWizard() {
     objHost = office.host;
@@ -55,23 +57,27 @@ class OpenWizard : public ::testing::Test {
   }
 
   void ChooseNode(const std::string& node) {
-    const long index = form->cboExportar.FindStringExact(node);
-    ASSERT_GE(index, 0) << node;
-    ASSERT_TRUE(form->cboExportar.UserChoose(index));
-  }
-  /// Marks the items of the list of available fields.
-  void Mark(const std::vector<std::string>& literals) {
-    std::vector<long> items;
-    for (const auto& literal : literals) items.push_back(form->lstDisponibles.FindStringExact(literal));
-    ASSERT_TRUE(form->lstDisponibles.UserSelectItems(items, items.empty() ? -1 : items.back()));
+    ASSERT_TRUE(form->cboExportar.UserChoose(form->cboExportar.FindStringExact(node))) << node;
   }
   /// Brings fields of a node into the grid, in the order of the list.
   void Add(const std::string& node, const std::vector<std::string>& literals) {
     ChooseNode(node);
-    Mark(literals);
+    std::vector<long> items;
+    for (const auto& literal : literals) items.push_back(form->lstDisponibles.FindStringExact(literal));
+    ASSERT_TRUE(form->lstDisponibles.UserSelectItems(items, items.back()));
     ASSERT_TRUE(form->cmdAgregarQuitar(Controls::kAdd).UserClick());
   }
   void SelectRows(long from, long to) { ASSERT_TRUE(form->msgSeleccionados.UserSelect(from, to)); }
+
+  void ChooseMenu(const std::string& caption) {
+    office.toolkit.AnswerMenu(caption);
+    ASSERT_TRUE(form->msgSeleccionados.UserMouseUp(2, 0, 10, 10));
+  }
+  /// Appends the field of this row to the sort order.
+  void Sort(long row) {
+    SelectRows(row, row);
+    ChooseMenu("Agregar al 'orden'");
+  }
 
   /// "literal=number" for each item.
   static std::vector<std::string> Items(const controls::ListControl& list) {
@@ -92,10 +98,6 @@ class OpenWizard : public ::testing::Test {
                      std::to_string(field.idCampo));
     }
     return rows;
-  }
-  void ChooseMenu(const std::string& caption) {
-    office.toolkit.AnswerMenu(caption);
-    ASSERT_TRUE(form->msgSeleccionados.UserMouseUp(2, 0, 10, 10));
   }
 
   WizardOffice office;

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "host/interfaces/HostObjects.h"
@@ -28,15 +29,18 @@ class WizardOffice {
         "CREATE TABLE ExportacionCampos (IDCampo LONG, NombreInternoCampo TEXT(100), LiteralCampo TEXT(100), "
         "CaracterValorCampo TEXT(1), LiteralCampoSELECT TEXT(255), LiteralCampoORDERBY TEXT(255), "
         "LiteralCampoWHERE TEXT(255), IDTabla LONG, LiteralTabla TEXT(100))");
-    AddField(*main, 1, "Nombre", 1, kCol);
-    AddField(*main, 2, "Apellidos", 1, kCol);
-    AddField(*main, 3, "ciudad", 1, kCol);
-    AddField(*main, 4, "Árbol", 1, kCol);
-    AddField(*main, 5, "Importe", 2, kRec);
-    AddField(*main, 6, "Fecha", 2, kRec);
-    AddField(*main, 7, "nombre", 2, kRec);
-    AddField(*main, 8, "Clave", 3, kMod);
-    AddField(*main, 9, "Tipo", 4, kDon);
+    const std::tuple<const char*, const char*, const char*, const char*> fields[] = {
+        {"colaboradores.nombre", "Nombre", "1", kCol},    {"colaboradores.apellido1", "Apellidos", "1", kCol},
+        {"colaboradores.poblacion", "ciudad", "1", kCol}, {"colaboradores.nuevo", "Árbol", "1", kCol},
+        {"recibos.importe", "Importe", "2", kRec},        {"recibos.fecha", "Fecha", "2", kRec},
+        {"recibos.nombre", "nombre", "2", kRec},          {"modelo182hacienda.nif", "Clave", "3", kMod},
+        {"donativos.cuenta", "Tipo", "4", kDon}};
+    int count = 0;
+    for (const auto& [name, literal, table, node] : fields) {
+      const std::string id = std::to_string(++count);
+      main->Execute("INSERT INTO ExportacionCampos VALUES (" + id + ", '" + name + "', '" + literal +
+                    "', '''', 'S" + id + "', 'O" + id + "', 'W" + id + "', " + table + ", '" + node + "')");
+    }
     main->Close();
     com::ClassRegistry::Instance().Register({kHostApiProgId, kApiClass, [log = log] {
                                                log->Note("CreateObject");
@@ -72,14 +76,6 @@ class WizardOffice {
  private:
   static constexpr com::Guid kApiClass{
       0x0A51B1C2, 0x7713, 0x4AA0, {0x81, 0x22, 0x5E, 0x09, 0x6C, 0x4D, 0xF0, 0x11}};
-
-  static void AddField(ADODB::Connection& main, int id, const std::string& literal, int table,
-                       const std::string& node) {
-    main.Execute("INSERT INTO ExportacionCampos VALUES (" + std::to_string(id) + ", 'tabla.campo" +
-                 std::to_string(id) + "', '" + literal + "', '''', 'S" + std::to_string(id) + "', 'O" +
-                 std::to_string(id) + "', 'W" + std::to_string(id) + "', " + std::to_string(table) + ", '" +
-                 node + "')");
-  }
 };
 
 }  // namespace velmar::testing

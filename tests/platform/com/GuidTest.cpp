@@ -10,10 +10,7 @@ namespace {
 TEST(Guid, ReadAndWrittenItIsTheSame) {
   const std::string text = "{0F1E2D3C-4B5A-6978-8796-A5B4C3D2E1F0}";
   const Guid guid = Guid::FromText(text);
-  EXPECT_EQ(guid.data1, 0x0F1E2D3CU);
-  EXPECT_EQ(guid.data3, 0x6978U);
-  EXPECT_EQ(guid.data4[0], 0x87U);
-  EXPECT_EQ(guid.data4[7], 0xF0U);
+  EXPECT_EQ(guid, (Guid{0x0F1E2D3C, 0x4B5A, 0x6978, {0x87, 0x96, 0xA5, 0xB4, 0xC3, 0xD2, 0xE1, 0xF0}}));
   EXPECT_EQ(guid.ToText(), text);
   EXPECT_EQ(Guid::FromText("0f1e2d3c-4b5a-6978-8796-a5b4c3d2e1f0"), guid);
 }

