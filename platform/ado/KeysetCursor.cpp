@@ -101,8 +101,9 @@ void KeysetCursor::Read() {
     rows[row].found = true;
     for (std::size_t cell = 0; cell < width_; ++cell) {
       const int column = static_cast<int>(cell) + 1;
-      cells_[row * width_ + cell] = ValueOf(*read_, column);
+      // In this order: taking bytes for a text makes a text of them.
       texts_[row * width_ + cell] = read_->IsText(column);
+      cells_[row * width_ + cell] = ValueOf(*read_, column);
     }
   }
   read_->Reset();

@@ -7,83 +7,60 @@
 namespace ADODB {
 namespace {
 
-std::string Clause(const std::string& password) {
-  return "Jet OLEDB:Database Password=" + password;
-}
+using DatabasePasswordTest = OneDatabase;
 
-TEST(DatabasePassword, OpensWithTheRightOneOnly) {
-  const TestFolder folder;
-  folder.OpenNew("A.mdb", Clause("Áb1"))->Execute("CREATE TABLE T (N LONG)");
+TEST_F(DatabasePasswordTest, OpensWithTheRightOneOnly) {
+  folder_.Create("B.mdb", Password("Áb1"));
   for (const char* wrong : {"", "áb1", "Áb1x", "Áb"}) {
     SCOPED_TRACE(wrong);
-    Connection connection(folder.Text("A.mdb", Clause(wrong)));
+    Connection connection(folder_.Text("B.mdb", Password(wrong)));
     EXPECT_EQ(FailureOf([&] { connection.Open(); }), velmar::kWrongPassword);
-    EXPECT_EQ(connection.State(), kStateClosed);
     connection.Properties("Jet OLEDB:Database Password").Value("Áb1");
-    connection.Open();
-    EXPECT_EQ(connection.State(), kStateOpen);
+    EXPECT_EQ(FailureOf([&] { connection.Open(); }), 0);
   }
-  EXPECT_EQ(folder.Read("A.mdb").find("Áb1"), std::string::npos);
+  EXPECT_EQ(folder_.Read("B.mdb").find("Áb1"), std::string::npos);
 }
 
-TEST(DatabasePassword, OneForAFileWithoutIsIgnored) {
-  const TestFolder folder;
-  folder.Create("A.mdb");
-  EXPECT_EQ(folder.Open("A.mdb", Clause("x"))->State(), kStateOpen);
-}
-
-TEST(DatabasePassword, CanBeSetChangedAndRemoved) {
-  const TestFolder folder;
-  const auto connection = folder.OpenNew("A.mdb");
-  connection->Execute("CREATE TABLE T (N LONG)");
-  for (const char* password : {"uno", "d;o's", ""}) {
+TEST_F(DatabasePasswordTest, CanBeSetChangedAndRemoved) {
+  for (const std::string password : {"uno", "d;o's \"3\"", ""}) {
     SCOPED_TRACE(password);
-    connection->SetDatabasePassword(password);
-    connection->Close();
-    connection->Open();
-    EXPECT_EQ(connection->Properties("Jet OLEDB:Database Password").Value(), password);
-    EXPECT_EQ(FailureOf([&] { folder.Open("A.mdb", Clause("otra")); }),
-              *password == 0 ? 0L : velmar::kWrongPassword);
+    connection_->SetDatabasePassword(password);
+    connection_->Close();
+    connection_->Open();
+    EXPECT_EQ(connection_->Properties("Jet OLEDB:Database Password").Value(), password);
+    const long failure = FailureOf([&] { folder_.Open("A.mdb", Password("otra")); });
+    EXPECT_EQ(failure == velmar::kWrongPassword, !password.empty());
   }
 }
 
-TEST(DatabasePassword, OneThatNoStatementCouldNameIsRefused) {
-  const TestFolder folder;
-  EXPECT_EQ(FailureOf([&] { folder.Create("A.mdb", Clause("a]b")); }), velmar::kInvalidPropertyValue);
-  EXPECT_EQ(folder.Names(), "");
-  const auto connection = folder.OpenNew("A.mdb", Clause("a[b"));
-  EXPECT_EQ(FailureOf([&] { connection->SetDatabasePassword("a]b"); }), velmar::kInvalidPropertyValue);
-  connection->Execute("CREATE TABLE T (N LONG)");
-  EXPECT_EQ(RowsOf(*folder.OpenNew("B.mdb"), "SELECT * FROM [" + folder.File("A.mdb") + ";pwd=a[b].T"), "")
+TEST_F(DatabasePasswordTest, OneThatNoStatementCouldNameIsRefused) {
+  EXPECT_EQ(FailureOf([&] { folder_.Create("B.mdb", Password("a]b")); }), velmar::kInvalidPropertyValue);
+  EXPECT_EQ(folder_.Names(), "A.mdb ");
+  connection_->SetDatabasePassword("a[b");
+  EXPECT_EQ(FailureOf([&] { connection_->SetDatabasePassword("a]b"); }), velmar::kInvalidPropertyValue);
+  connection_->Execute("CREATE TABLE T (N LONG)");
+  EXPECT_EQ(RowsOf(*folder_.OpenNew("B.mdb"), "SELECT * FROM " + folder_.In("A.mdb;pwd=a[b") + "T"), "")
       << "the old password is still the right one";
 }
 
-TEST(DatabasePassword, AChangeCountsAtOnceForWhoHadItRight) {
-  const TestFolder folder;
-  const auto owner = folder.OpenNew("A.mdb", Clause("vieja"));
+TEST_F(DatabasePasswordTest, AChangeCountsAtOnceForWhoHadItRight) {
+  const auto owner = folder_.OpenNew("B.mdb", Password("vieja"));
   owner->Execute("CREATE TABLE T (N LONG)");
-  const auto other = folder.OpenNew("B.mdb");
-  const std::string select = "SELECT * FROM [" + folder.File("A.mdb") + ";pwd=vieja].[T]";
-  EXPECT_EQ(FailureOf([&] { other->Execute(select); }), 0);
+  const std::string select = "SELECT * FROM " + folder_.In("B.mdb;pwd=vieja") + "T";
+  EXPECT_EQ(FailureOf(*connection_, select), 0);
   owner->SetDatabasePassword("nueva");
-  EXPECT_EQ(FailureOf([&] { other->Execute(select); }), velmar::kWrongPassword);
+  EXPECT_EQ(FailureOf(*connection_, select), velmar::kWrongPassword);
 }
 
-TEST(DatabasePassword, ItsTableIsClosedToStatements) {
-  const TestFolder folder;
-  const auto connection = folder.OpenNew("A.mdb", Clause("x"));
-  const auto other = folder.OpenNew("B.mdb");
-  const std::string external = "[" + folder.File("A.mdb") + ";pwd=x].[MSysVelmar]";
-  for (const std::string& text :
-       {std::string("SELECT * FROM MSysVelmar"), std::string("DELETE FROM msysvelmar"),
-        std::string("DROP TABLE MSysVelmar"), std::string("UPDATE MSysVelmar SET Clave = ''"),
-        std::string("INSERT INTO MSysVelmar (Clave) VALUES ('x')"),
-        std::string("SELECT * INTO T FROM MSysVelmar")}) {
-    SCOPED_TRACE(text);
-    EXPECT_NE(FailureOf([&] { connection->Execute(text); }), 0);
-  }
-  EXPECT_EQ(FailureOf([&] { other->Execute("SELECT * FROM " + external); }), velmar::kPermissionDenied);
-  EXPECT_EQ(FailureOf([&] { folder.Open("A.mdb"); }), velmar::kWrongPassword);
+TEST_F(DatabasePasswordTest, ItsTableIsClosedToStatements) {
+  connection_->SetDatabasePassword("x");
+  for (const char* text : {"SELECT * FROM MSysVelmar", "DELETE FROM msysvelmar", "DROP TABLE MSysVelmar",
+                           "UPDATE MSysVelmar SET Clave = ''", "INSERT INTO MSysVelmar (Clave) VALUES ('x')",
+                           "SELECT * INTO T FROM MSysVelmar"})
+    EXPECT_NE(FailureOf(*connection_, text), 0) << text;
+  const std::string external = folder_.In("A.mdb;pwd=x") + "MSysVelmar";
+  EXPECT_EQ(FailureOf(*folder_.OpenNew("B.mdb"), "SELECT * FROM " + external), velmar::kPermissionDenied);
+  EXPECT_EQ(FailureOf([&] { folder_.Open("A.mdb"); }), velmar::kWrongPassword);
 }
 
 }  // namespace

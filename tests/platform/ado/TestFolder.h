@@ -1,10 +1,8 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -17,35 +15,31 @@
 #include "platform/ado/Recordset.h"
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
+#include "platform/files/TemporaryFolder.h"
 
 namespace ADODB {
 
-/// A folder of its own for one test, removed at the end.
-class TestFolder {
- public:
-  TestFolder() {
-    static std::atomic<int> number = 0;
-    path_ = std::filesystem::path(testing::TempDir()) /
-            ("ado-" + std::to_string(::getpid()) + "-" + std::to_string(++number));
-    std::filesystem::create_directories(path_);
-  }
-  ~TestFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  TestFolder(const TestFolder&) = delete;
-  TestFolder& operator=(const TestFolder&) = delete;
+constexpr const char* kWorkFile = "Jet OLEDB:Scratch=True";
 
-  std::string File(const std::string& name) const { return (path_ / name).string(); }
+inline std::string Password(const std::string& password) {
+  return "Jet OLEDB:Database Password=" + password;
+}
+
+/// A folder of its own for one test, removed at the end, and the databases in it.
+class TestFolder : public velmar::files::TemporaryFolder {
+ public:
+  std::string File(const std::string& name) const { return *this / name; }
+
+  /// What stands before a table of that file in a statement.
+  std::string In(const std::string& name) const { return "[" + File(name) + "]."; }
 
   std::string Text(const std::string& name, const std::string& more = {}) const {
     return "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + File(name) + ";" + more;
   }
 
   /// A new database file.
-  std::string Create(const std::string& name, const std::string& more = {}) const {
+  void Create(const std::string& name, const std::string& more = {}) const {
     ADOX::Catalog().Create(Text(name, more));
-    return File(name);
   }
 
   std::shared_ptr<Connection> Open(const std::string& name, const std::string& more = {}) const {
@@ -68,19 +62,16 @@ class TestFolder {
     return {std::istreambuf_iterator<char>(file), {}};
   }
 
-  /// Names of all files, sorted, with a blank between.
+  /// Names of all files, sorted, with a blank behind each.
   std::string Names() const {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(path_))
+    for (const auto& entry : std::filesystem::directory_iterator(File("")))
       names.push_back(entry.path().filename());
     std::sort(names.begin(), names.end());
     std::string text;
-    for (const std::string& name : names) text += (text.empty() ? "" : " ") + name;
+    for (const std::string& name : names) text += name + " ";
     return text;
   }
-
- private:
-  std::filesystem::path path_;
 };
 
 /// The rows that are left in a recordset, as "a|b / c|d", with "Null" for Null.
@@ -100,15 +91,32 @@ inline std::string RowsOf(Connection& connection, std::string_view select) {
   return RowsOf(*connection.Execute(select));
 }
 
-/// The number of the failure that the action raises, 0 if none.
+/// The failure that the action raises; its number is 0 if there is none.
 template <typename Action>
-long FailureOf(Action&& action) {
+velmar::RuntimeError FailureIn(Action&& action) {
   try {
     action();
   } catch (const velmar::RuntimeError& error) {
-    return error.Number();
+    return error;
   }
-  return 0;
+  return {0, "no failure", ""};
 }
+
+template <typename Action>
+long FailureOf(Action&& action) {
+  return FailureIn(action).Number();
+}
+
+inline long FailureOf(Connection& connection, std::string_view statement) {
+  return FailureOf([&] { connection.Execute(statement); });
+}
+
+/// A database that is open, and a recordset that is not.
+class OneDatabase : public testing::Test {
+ protected:
+  TestFolder folder_;
+  std::shared_ptr<Connection> connection_ = folder_.OpenNew("A.mdb");
+  Recordset rows_;
+};
 
 }  // namespace ADODB

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <stdexcept>
 
 namespace {
@@ -24,20 +25,8 @@ std::uint32_t Get(std::span<const std::uint8_t> bytes, std::size_t place, int wi
   return value;
 }
 
-// 0 for a record that is no cell.
-std::size_t CellLength(std::uint32_t id) {
-  switch (id) {
-    case 0xFD:
-    case 0x27E:
-      return 10;
-    case 0x203:
-      return 14;
-    case 0x205:
-      return 8;
-    default:
-      return 0;
-  }
-}
+// The records that are cells.
+const std::map<std::uint32_t, std::size_t> kCellLengths = {{0xFD, 10}, {0x27E, 10}, {0x203, 14}, {0x205, 8}};
 
 struct RawRecord {
   std::uint32_t id;
@@ -146,8 +135,8 @@ void WorkbookCheck::Run() {
   CheckStream(stream);
 }
 
-std::vector<std::u16string> WorkbookCheck::Strings(std::span<const std::uint8_t> records) {
-  std::vector<std::u16string> strings;
+std::uint32_t WorkbookCheck::CountStrings(std::span<const std::uint8_t> records) {
+  std::uint32_t strings = 0;
   std::size_t place = 0;
   std::span<const std::uint8_t> data;
   const auto nextRecord = [&] {
@@ -164,22 +153,21 @@ std::vector<std::u16string> WorkbookCheck::Strings(std::span<const std::uint8_t>
     Require(flag <= 1 && left > 0, "flag or length of a string");
     Require(data.size() >= 3 + width, "head of a string without its first character");
     data = data.subspan(3);
-    std::u16string text;
+    std::uint32_t last = 0;
     while (left > 0) {
       if (data.empty()) {
-        Require((text.back() & 0xFC00) != 0xD800, "surrogate pair cut");
+        Require(width == 1 || (last & 0xFC00) != 0xD800, "surrogate pair cut");
         nextRecord();
         Require(data[0] == flag, "flag of a string's rest");
         data = data.subspan(1);
       }
       const std::size_t count = std::min(left, data.size() / width);
       Require(count > 0, "half a character");
-      for (std::size_t i = 0; i < count; ++i)
-        text += static_cast<char16_t>(width == 1 ? data[i] : data[2 * i] | data[2 * i + 1] << 8);
+      last = Get(data, (count - 1) * width, static_cast<int>(width));
       data = data.subspan(count * width);
       left -= count;
     }
-    strings.push_back(std::move(text));
+    ++strings;
   }
   const RawRecord last = ReadRecord(records, place);
   Require(last.id == 0x0A && last.data.empty() && place == records.size(), "EOF of the globals");
@@ -198,8 +186,7 @@ void WorkbookCheck::CheckStream(std::span<const std::uint8_t> stream) const {
   }
   Require(!offsets.empty() && place % 512 == 0 && offsets[0] % 512 == 0, "places of the parts");
   Require(table.size() == 11 + Get(table, 8, 2), "string number 0");
-  const auto strings = Strings(stream.subspan(place, offsets[0] - place));
-  const auto stringCount = static_cast<std::uint32_t>(strings.size() + 1);
+  const std::uint32_t stringCount = 1 + CountStrings(stream.subspan(place, offsets[0] - place));
   Require(Get(table, 4, 4) == stringCount, "count of strings");
   std::uint32_t textCells = 0;
   for (std::size_t i = 0; i < offsets.size(); ++i) {
@@ -224,8 +211,8 @@ std::uint32_t WorkbookCheck::CheckSheet(std::span<const std::uint8_t> stream, st
   std::uint32_t next = 0;  // the least place that the next cell may have, row by row
   RawRecord record = ReadRecord(stream, place);
   for (; record.id != 0x23E; record = ReadRecord(stream, place)) {
-    const std::size_t length = CellLength(record.id);
-    Require(length > 0 && record.data.size() == length, "record that is no cell");
+    const auto length = kCellLengths.find(record.id);
+    Require(length != kCellLengths.end() && record.data.size() == length->second, "record that is no cell");
     const std::uint32_t row = Get(record.data, 0, 2);
     const std::uint32_t column = Get(record.data, 2, 2);
     Require(row < rows && column < columns && (row << 8 | column) >= next, "place of a cell");

@@ -12,10 +12,6 @@ class WorkbookCheck {
   /// The first thing that is wrong; empty if all is well.
   static std::string Problem(const std::string& path);
 
-  /// The strings in the records of a string table, its own record excluded (CONTINUE records and an EOF).
-  /// Throws std::runtime_error at the first fault.
-  static std::vector<std::u16string> Strings(std::span<const std::uint8_t> records);
-
  private:
   explicit WorkbookCheck(const std::string& path);
   void Run();
@@ -23,6 +19,8 @@ class WorkbookCheck {
   void Claim(std::uint32_t sector, std::uint32_t mark, const char* owner);
   std::vector<std::uint8_t> Stream(std::uint32_t start, std::uint32_t size, const char* owner);
   void CheckOrphans() const;
+  /// In the records behind that of the string table, to the EOF of the globals.
+  static std::uint32_t CountStrings(std::span<const std::uint8_t> records);
   void CheckStream(std::span<const std::uint8_t> stream) const;
   std::uint32_t CheckSheet(std::span<const std::uint8_t> stream, std::size_t offset, bool shown,
                            std::uint32_t strings) const;

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 
 #include "platform/excel/CellModel.h"
 #include "platform/excel/WorkbookCheck.h"
@@ -26,26 +27,60 @@ std::vector<CellModel::Row> Block(int first, int end) {
   return rows;
 }
 
-class WorkbookSizes : public testing::TestWithParam<int> {};
-
-TEST_P(WorkbookSizes, ReadBackCellByCell) {
-  const files::TemporaryFolder folder;
-  const std::string path = folder / "libro.xls";
-  Workbook book(path);
-  CellModel model;
-  for (int first = 0; first < GetParam(); first += kBlock) {
-    const auto rows = Block(first, GetParam());
-    if (first % kSheet == 0)
-      model.Create(book, "Hoja" + std::to_string(first / kSheet + 1), kColumns, rows);
-    else
-      model.Append(book, rows);
+TEST(WorkbookSizes, ReadBackCellByCell) {
+  for (const int count : {1, 8001, 200'000}) {
+    SCOPED_TRACE(count);
+    const files::TemporaryFolder folder;
+    const std::string path = folder / "libro.xls";
+    Workbook book(path);
+    CellModel model;
+    for (int first = 0; first < count; first += kBlock) {
+      const auto rows = Block(first, count);
+      if (first % kSheet == 0)
+        model.Create(book, "Hoja" + std::to_string(first / kSheet + 1), kColumns, rows);
+      else
+        model.Append(book, rows);
+    }
+    EXPECT_EQ(WorkbookCheck::Problem(path), "");
+    EXPECT_EQ(model.Differs(path), "");
   }
-  EXPECT_EQ(WorkbookCheck::Problem(path), "");
-  EXPECT_EQ(model.DiffersForFreexl(path), "");
-  EXPECT_EQ(model.DiffersForXlrd(path), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, WorkbookSizes, testing::Values(1, 8000, 8001, 64'000, 64'001, 200'000));
+// Numbers of sectors at which the FAT, its places in the header or a sector of the DIFAT run full.
+class WorkbookSizesAtEdges : public testing::TestWithParam<int> {};
+
+TEST_P(WorkbookSizesAtEdges, CreateAndGrow) {
+  const files::TemporaryFolder folder;
+  const std::string path = folder / "libro.xls";
+  const auto sectors = [&] { return static_cast<int>(std::filesystem::file_size(path) / 512) - 1; };
+  // Texts of some 59 sectors, and numbers of which 36 fill a sector.
+  const auto write = [&](std::unique_ptr<SheetWriter> writer, int texts, int numbers) {
+    for (int i = 0; i < texts; ++i)
+      CellModel::AddRow(*writer, {std::string(30'000, 'x') + std::to_string(i)});
+    for (int i = 0; i < numbers; ++i) CellModel::AddRow(*writer, {double(i)});
+    writer->Commit();
+    ASSERT_EQ(WorkbookCheck::Problem(path), "");
+  };
+  const auto create = [&](int texts, int numbers) {
+    std::filesystem::remove(path);
+    write(Workbook(path).CreateSheet("Hoja1", {"a"}), texts, numbers);
+  };
+  const int edge = GetParam();
+  const int texts = (edge - 60) / 60;
+  create(texts, 0);
+  int size = sectors();
+  ASSERT_LT(size, edge - 3);
+  for (int numbers = 36 * (edge - 3 - size); size <= edge; numbers += 18) {
+    SCOPED_TRACE(numbers);
+    create(texts, numbers);
+    size = sectors();
+    write(Workbook(path).AppendTo("Hoja1", 1), 0, 1);
+    write(Workbook(path).AppendTo("Hoja1", 1), 2, 0);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Edges, WorkbookSizesAtEdges,
+                         testing::Values(128, 256, 109 * 128, (109 + 127) * 128));
 
 TEST(WorkbookSize, ABlockCostsTheSameHoweverLongTheFile) {
   const files::TemporaryFolder folder;
