@@ -1,6 +1,7 @@
 #include "qt/views/TextMirror.h"
 
 #include <QScopedValueRollback>
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -36,8 +37,10 @@ void TextMirror::ReportText() {
   if (edited != before.Text()) {
     const ShownText after(before.Edited(edited, box_.MaxLength()), box_.MultiLine());
     const Span span = EditorSelection();
-    const long start = after.Character(span.start);
-    Tell([&] { box_.UserEdit(after.Bytes(), start, after.Character(span.end) - start); });
+    // What does not fit is cut from the end of what has been put in, which the caret stands behind.
+    const auto cut = static_cast<int>(edited.size() - after.Text().size());
+    const long start = after.Character(std::max(0, span.start - cut));
+    Tell([&] { box_.UserEdit(after.Bytes(), start, after.Character(std::max(0, span.end - cut)) - start); });
   } else {
     ShowBox();
   }

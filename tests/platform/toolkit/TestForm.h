@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/controls/CommandButton.h"
+#include "platform/controls/CommonDialog.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Timer.h"
 #include "platform/toolkit/Form.h"
@@ -20,12 +21,14 @@ class TestForm : public Form {
     Add(box);
     Add(button);
     Add(timer);
+    Add(dialog);
   }
 
   std::string& log;
   controls::TextBox box{"txt"};
   controls::CommandButton button{"cmd"};
   controls::Timer timer{"tmr"};
+  controls::CommonDialog dialog{"dlg"};
   std::function<void()> onLoad;
   std::function<void()> onActivate;
   std::function<void(bool&)> onUnload;

@@ -3,19 +3,34 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/toolkit/MakeForm.h"
 #include "qt/toolkit/Application.h"
+#include "qt/toolkit/MessageBox.h"
 #include "qt/toolkit/QtToolkit.h"
 #include "qt/toolkit/Robot.h"
-#include "qt/toolkit/TestForm.h"
+#include "qt/toolkit/TestWindow.h"
 
 namespace velmar::testing {
 
-/// A toolkit, a form that is not shown yet, and a user.
+/// A toolkit, two forms that are not shown yet, and a user.
 class QtFixture : public ::testing::Test {
  protected:
-  qt::Application& application = dynamic_cast<qt::Application&>(*QCoreApplication::instance());
-  qt::QtToolkit toolkit{application, MakeTestWindow};
-  std::shared_ptr<TestForm> form = toolkit::MakeForm<TestForm>(toolkit, "frmUno");
+  using Form = toolkit::TestForm;
+
+  /// What the user does in a form's window.
+  void Accept(const std::string& name) {
+    user.InWindow(name, [](QWidget& window) { Robot::Press(window, "Aceptar"); });
+  }
+  void Close(const std::string& name) {
+    user.InWindow(name, [](QWidget& window) { window.close(); });
+  }
+
+  qt::QtToolkit toolkit{dynamic_cast<qt::Application&>(*qApp), [](toolkit::Form& shown, QWidget* parent) {
+                          return std::make_unique<TestWindow>(dynamic_cast<Form&>(shown), parent);
+                        }};
+  std::string events;
+  std::shared_ptr<Form> form = toolkit::MakeForm<Form>(toolkit, events, "frmUno");
+  std::shared_ptr<Form> inner = toolkit::MakeForm<Form>(toolkit, events, "frmDos");
   Robot user;
 };
 

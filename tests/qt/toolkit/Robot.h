@@ -4,7 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
@@ -24,39 +24,32 @@ class Robot {
   using Which = std::function<bool(QWidget& window)>;
   using Action = std::function<void(QWidget& window)>;
 
-  Robot() {
-    waited_.start();
-    Schedule();
-  }
+  Robot() { Schedule(); }
   Robot(const Robot&) = delete;
   Robot& operator=(const Robot&) = delete;
   ~Robot() { EXPECT_TRUE(steps_.empty()) << "never came: " << (steps_.empty() ? "" : steps_.front().name); }
 
-  void When(std::string name, Which which, Action action) {
-    steps_.push_back({std::move(name), std::move(which), std::move(action)});
+  void When(const std::string& name, Which which, Action action) {
+    steps_.push_back({name, std::move(which), std::move(action)});
   }
   /// The modal window of the form of this name.
-  void InWindow(const std::string& name, Action action) {
-    When(
-        name,
-        [name](QWidget& window) {
-          const auto* form = dynamic_cast<qt::FormWindow*>(&window);
-          return form != nullptr && form->Started() && QApplication::activeModalWidget() == form &&
-                 form->objectName().toStdString() == name;
-        },
-        std::move(action));
+  template <typename Window = qt::FormWindow>
+  void InWindow(const std::string& name, const std::type_identity_t<std::function<void(Window&)>>& action) {
+    const auto isIt = [name](QWidget& window) {
+      const auto* form = dynamic_cast<Window*>(&window);
+      return form != nullptr && form->Started() && QApplication::activeModalWidget() == form &&
+             form->objectName().toStdString() == name;
+    };
+    When(name, isIt, [action](QWidget& window) { action(dynamic_cast<Window&>(window)); });
   }
   /// The modal window of this class.
   template <typename Window>
-  void InModal(const std::string& name, std::function<void(Window&)> action) {
-    When(
-        name,
-        [](QWidget& window) {
-          return dynamic_cast<Window*>(&window) != nullptr && QApplication::activeModalWidget() == &window;
-        },
-        [action = std::move(action)](QWidget& window) { action(dynamic_cast<Window&>(window)); });
+  void InModal(const std::string& name, const std::function<void(Window&)>& action) {
+    const auto isIt = [](QWidget& window) {
+      return dynamic_cast<Window*>(&window) != nullptr && QApplication::activeModalWidget() == &window;
+    };
+    When(name, isIt, [action](QWidget& window) { action(dynamic_cast<Window&>(window)); });
   }
-  bool Done() const { return steps_.empty(); }
 
   /// Clicks the visible button of this text, in which '&' does not count.
   static void Press(QWidget& window, const QString& text) {
@@ -88,13 +81,13 @@ class Robot {
       if (steps_.empty() || !window->isVisible() || !steps_.front().which(*window)) continue;
       const Action action = std::move(steps_.front().action);
       steps_.pop_front();
-      waited_.restart();
+      patience_.setRemainingTime(kPatience);
       action(*window);
-      waited_.restart();
+      patience_.setRemainingTime(kPatience);
       return;
     }
-    if (steps_.empty() && QApplication::activeModalWidget() == nullptr) waited_.restart();
-    if (!waited_.hasExpired(kPatience)) return;
+    if (steps_.empty() && QApplication::activeModalWidget() == nullptr) patience_.setRemainingTime(kPatience);
+    if (!patience_.hasExpired()) return;
     ADD_FAILURE() << "did not come: " << (steps_.empty() ? "the end" : steps_.front().name);
     steps_.clear();
     QApplication::closeAllWindows();
@@ -104,7 +97,7 @@ class Robot {
   static constexpr int kPatience = 10000;
   QObject context_;
   std::deque<Step> steps_;
-  QElapsedTimer waited_;
+  QDeadlineTimer patience_{kPatience};
 };
 
 }  // namespace velmar::testing

@@ -1,160 +1,99 @@
 #include "qt/views/ListView.h"
 
-#include <gtest/gtest.h>
-
-#include <QItemSelectionModel>
 #include <QSignalSpy>
-#include <QTest>
-#include <algorithm>
-#include <vector>
 
-#include "qt/views/ShownView.h"
+#include "qt/views/ShownRows.h"
 
 namespace velmar::qt {
 namespace {
 
-using Rows = std::vector<long>;
-
-class ListViewTest : public ::testing::Test {
+class ListViewTest : public ShownRows {
  protected:
   ListView& Open(long multiSelect, int items = 8) {
     list.MultiSelect(multiSelect);
-    static const char* const kNames[] = {"Alta",   "Baja",  "Ciudad", "Donativo",
-                                         "Estado", "Fecha", "Grupo",  "Hogar"};
-    for (int i = 0; i < items; ++i) list.AddItem(i < 8 ? kNames[i] : "Zona " + std::to_string(i));
-    view = &shown.Add<ListView>(list);
+    Fill(items);
+    auto& made = shown.Add<ListView>(list);
+    Watch(made);
     shown.Open();
-    return *view;
+    return made;
   }
-  QPoint At(int row) const { return view->visualRect(view->model()->index(row, 0)).center(); }
-  void Click(int row, Qt::KeyboardModifiers keys = Qt::NoModifier) {
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, keys, At(row));
+  // A0, B1, C2 and so on.
+  void Fill(int items) {
+    for (int i = 0; i < items; ++i) list.AddItem(static_cast<char>('A' + i % 26) + std::to_string(i));
   }
-  Rows Selected() const {
-    Rows rows;
+  Rows Selected() const override {
+    Rows selected;
     for (long i = 0; i < list.ListCount(); ++i) {
-      if (list.Selected(i)) rows.push_back(i);
+      if (list.Selected(i)) selected.push_back(i);
     }
-    return rows;
-  }
-  // What the screen shows is what the control has.
-  Rows Shown() {
-    ShownView::Settle();
-    Rows rows;
-    for (const QModelIndex& index : view->selectionModel()->selectedIndexes()) rows.push_back(index.row());
-    std::sort(rows.begin(), rows.end());
-    EXPECT_EQ(rows, Selected());
-    return rows;
+    return selected;
   }
 
   controls::ListBox list{"lst"};
-  ShownView shown;
-  ListView* view = nullptr;
 };
 
 TEST_F(ListViewTest, SelectsManyByMouseAndKeys) {
-  Open(2);
-  Click(1);
-  EXPECT_EQ(Shown(), (Rows{1}));
-  EXPECT_TRUE(list.HasFocus());
-  Click(3, Qt::ShiftModifier);
-  EXPECT_EQ(Shown(), (Rows{1, 2, 3}));
-  Click(2, Qt::ControlModifier);
-  EXPECT_EQ(Shown(), (Rows{1, 3}));
-  Click(6, Qt::ControlModifier);
-  EXPECT_EQ(Shown(), (Rows{1, 3, 6}));
+  Open(2).setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(Press(Qt::Key_Down), (Rows{0}));
+  EXPECT_EQ(Click(1), (Rows{1}));
+  EXPECT_EQ(Click(3, Qt::ShiftModifier), (Rows{1, 2, 3}));
+  EXPECT_EQ(Click(2, Qt::ControlModifier), (Rows{1, 3}));
+  EXPECT_EQ(Click(6, Qt::ControlModifier), (Rows{1, 3, 6}));
   EXPECT_EQ(list.ListIndex(), 6);
-  QTest::keyClick(view, Qt::Key_Up);
-  EXPECT_EQ(Shown(), (Rows{5}));
-  QTest::keyClick(view, Qt::Key_Down, Qt::ShiftModifier);
-  EXPECT_EQ(Shown(), (Rows{5, 6}));
-  QTest::keyClick(view, Qt::Key_A, Qt::ControlModifier);
-  EXPECT_EQ(Shown().size(), 8U);
+  EXPECT_EQ(Press(Qt::Key_Up), (Rows{5}));
+  EXPECT_EQ(Press(Qt::Key_Down, Qt::ShiftModifier), (Rows{5, 6}));
+  EXPECT_EQ(Press(Qt::Key_A, Qt::ControlModifier).size(), 8U);
+  EXPECT_EQ(Press(Qt::Key_D), (Rows{3}));
+  EXPECT_EQ(Drag(5, 2), (Rows{2, 3, 4, 5}));
 }
 
-TEST_F(ListViewTest, SelectsARangeByDragging) {
-  Open(2);
-  QTest::mousePress(view->viewport(), Qt::LeftButton, {}, At(5));
-  for (int row = 4; row >= 2; --row) QTest::mouseMove(view->viewport(), At(row));
-  QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, At(2));
-  EXPECT_EQ(Shown(), (Rows{2, 3, 4, 5}));
-}
-
-TEST_F(ListViewTest, ChoosesOneAndRaisesClickForEachClickOnIt) {
-  int clicks = 0;
-  list.Click = [&] { ++clicks; };
-  Open(0);
-  Click(4);
-  EXPECT_EQ(list.ListIndex(), 4);
-  EXPECT_EQ(clicks, 1);
-  Click(4);
-  EXPECT_EQ(clicks, 2);
-  QTest::keyClick(view, Qt::Key_Down);
-  EXPECT_EQ(list.ListIndex(), 5);
-  EXPECT_EQ(clicks, 3);
-  // Nothing chosen is not for the user to choose.
-  Click(5, Qt::ControlModifier);
-  EXPECT_EQ(Shown(), (Rows{5}));
+TEST_F(ListViewTest, ChoosesOneAndRaisesItsEventsForEachClickOnIt) {
+  std::string events;
+  list.Click = [&] { events += "C" + std::to_string(list.ListIndex()); };
+  list.DblClick = [&] { events += "D" + std::to_string(list.ListIndex()); };
+  Open(0, 3);
+  EXPECT_EQ(Click(1), (Rows{1}));
+  EXPECT_EQ(Click(1), (Rows{1}));
+  EXPECT_EQ(Press(Qt::Key_Down), (Rows{2}));
+  EXPECT_EQ(Click(2, Qt::ControlModifier), (Rows{2})) << "nothing chosen is not for the user to choose";
+  EXPECT_EQ(events, "C1C1C2C2");
+  events.clear();
+  QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, At(0));
+  QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, BesideRows());
+  EXPECT_EQ(events, "C0D0D0") << "beside the items, it is about the one that is chosen";
 }
 
 TEST_F(ListViewTest, AKeyReachesTheFirstItemOfAListWithoutAChoice) {
-  const struct {
-    long multiSelect;
-    Qt::Key key;
-    Rows chosen;
-  } cases[] = {{0, Qt::Key_Down, {0}}, {0, Qt::Key_Home, {0}}, {2, Qt::Key_Down, {0}}, {2, Qt::Key_End, {7}}};
-  Open(0);
-  view->setFocus(Qt::TabFocusReason);
-  for (const auto& c : cases) {
-    SCOPED_TRACE(::testing::Message() << c.multiSelect << ' ' << c.key);
-    list.MultiSelect(c.multiSelect);
-    while (list.ListCount() > 0) list.RemoveItem(0);
-    for (int i = 0; i < 8; ++i) list.AddItem("Campo " + std::to_string(i));
-    EXPECT_EQ(Shown(), Rows{});
-    QTest::keyClick(view, c.key);
-    EXPECT_EQ(Shown(), c.chosen);
+  const std::pair<Qt::Key, long> kMoves[] = {{Qt::Key_Down, 0}, {Qt::Key_Home, 0}, {Qt::Key_End, 7}};
+  Open(0, 0).setFocus(Qt::TabFocusReason);
+  for (const auto& [key, chosen] : kMoves) {
+    list.Clear();
+    Fill(8);
+    EXPECT_EQ(Press(key), Rows{chosen}) << key;
   }
   // What stands in the place of an item that has gone comes next.
-  list.MultiSelect(0);
   list.ListIndex(3);
   ShownView::Settle();
   list.RemoveItem(3);
-  EXPECT_EQ(Shown(), Rows{});
-  QTest::keyClick(view, Qt::Key_Down);
-  EXPECT_EQ(Shown(), Rows{3});
+  EXPECT_EQ(Press(Qt::Key_Down), Rows{3});
 }
 
-TEST_F(ListViewTest, TypingLettersGoesToTheItem) {
-  Open(2);
-  Click(0);
-  QTest::keyClicks(view, "do");
-  EXPECT_EQ(Shown(), (Rows{3}));
-  EXPECT_EQ(list.Text(), "Donativo");
-}
-
-TEST_F(ListViewTest, DoubleClickTellsItsItemOrNone) {
-  std::vector<long> chosen;
-  list.DblClick = [&] { chosen.push_back(list.ListIndex()); };
-  Open(0, 3);
-  QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, At(2));
-  EXPECT_EQ(chosen, (Rows{2}));
-  QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, QPoint(20, view->viewport()->height() - 5));
-  EXPECT_EQ(chosen, (Rows{2, 2}));
-}
-
-TEST_F(ListViewTest, FollowsTheProgram) {
-  Open(0);
-  list.ListIndex(2);
-  EXPECT_EQ(Shown(), (Rows{2}));
-  list.AddItem("Antes", 0);
-  EXPECT_EQ(Shown(), (Rows{3}));
-  // The item with the focus mark goes, and no other takes its place.
-  list.RemoveItem(3);
-  EXPECT_EQ(Shown(), (Rows{}));
-  list.Clear();
-  EXPECT_EQ(Shown(), (Rows{}));
-  list.AddItem("uno");
-  EXPECT_EQ(Shown(), (Rows{}));
+TEST_F(ListViewTest, StaysInStepWithTheProgramThroughAnyChanges) {
+  Open(2, 0);
+  for (int step = 0; step < 600; ++step) {
+    if (step % 50 == 0) list.Clear();
+    list.Sorted(step >= 300);
+    const std::string text = "Campo " + std::to_string(Below(1000));
+    list.AddItem(text, Below(list.ListCount() + 1));
+    const long item = Below(list.ListCount());
+    if (step % 4 == 0) list.RemoveItem(item);
+    if (step % 4 == 1) list.List(item, text);
+    if (step % 4 == 2) list.Selected(item, Below(3) > 0);
+    if (step % 4 == 3) list.AddItem(text);
+    if (step % 5 == 0) Shown();
+    ASSERT_EQ(view->model()->rowCount(), list.ListCount());
+  }
+  EXPECT_EQ(view->model()->index(9, 0).data().toString().toStdString(), list.List(9));
 }
 
 TEST_F(ListViewTest, ManyChangesOfTheProgramShowTogether) {
@@ -162,37 +101,22 @@ TEST_F(ListViewTest, ManyChangesOfTheProgramShowTogether) {
   const QSignalSpy selections(view->selectionModel(), &QItemSelectionModel::selectionChanged);
   for (long i = 0; i < list.ListCount(); ++i) {
     list.Selected(i, true);
-    list.TopIndex(0);
+    list.TopIndex(300);
   }
   EXPECT_EQ(Shown().size(), 500U);
   EXPECT_EQ(selections.count(), 1);
-  list.TopIndex(300);
-  ShownView::Settle();
   EXPECT_EQ(view->indexAt(QPoint(5, 2)).row(), 300);
-}
-
-TEST_F(ListViewTest, ADisabledListTakesNothing) {
-  Open(0);
-  list.Enabled(false);
-  Click(2);
-  EXPECT_EQ(list.ListIndex(), -1);
-  EXPECT_FALSE(view->isEnabled());
 }
 
 TEST_F(ListViewTest, LaysItemsOutInColumnsOfEqualWidth) {
   list.Columns(2);
-  Open(0, 18);
-  view->setFixedSize(view->sizeHint().width(), view->sizeHint().height() + 200);
+  ListView& columns = Open(0, 18);
+  columns.PreferredSize(9, 30);
+  columns.setFixedSize(columns.sizeHint());
   ShownView::Settle();
-  // 18 items in a list of room for more: down first, then across.
-  const QRect first = view->visualRect(view->model()->index(0, 0));
-  EXPECT_EQ(first.width(), view->viewport()->width() / 2);
-  EXPECT_GT(view->visualRect(view->model()->index(1, 0)).top(), first.top());
-  view->PreferredSize(9, 30);
-  view->setFixedSize(view->sizeHint());
-  ShownView::Settle();
+  // Down first, then across.
+  EXPECT_EQ(At(17) - At(8), QPoint(view->viewport()->width() / 2, 0));
   const QRect last = view->visualRect(view->model()->index(17, 0));
-  EXPECT_EQ(last.left(), view->viewport()->width() / 2);
   EXPECT_TRUE(view->viewport()->rect().contains(last)) << "all of the operators fit";
 }
 

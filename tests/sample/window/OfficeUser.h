@@ -1,14 +1,9 @@
 #pragma once
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QTest>
-#include <stdexcept>
 #include <string>
 
-#include "qt/toolkit/FormWindow.h"
 #include "qt/toolkit/Robot.h"
-#include "qt/views/ControlLink.h"
+#include "qt/windows/ShownWindow.h"
 #include "wizard/frmExportacion.h"
 
 namespace velmar::sample {
@@ -19,11 +14,7 @@ class OfficeUser {
   /// The widget that shows the control.
   template <typename Widget = QWidget>
   static Widget& View(const QWidget& window, const controls::Control& control) {
-    for (Widget* widget : window.findChildren<Widget*>()) {
-      const QVariant handle = widget->property(qt::kHandleProperty);
-      if (handle.isValid() && handle.toLongLong() == control.hWnd()) return *widget;
-    }
-    throw std::logic_error("no view of " + control.Name());
+    return qt::ViewOf<Widget>(window, control);
   }
 
   static wizard::frmExportacion& Wizard(QWidget& window) {

@@ -7,26 +7,20 @@
 namespace velmar::sample {
 namespace {
 
-int ExitCode(const QStringList& words, const char* platform) {
-  QProcess program;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert("QT_QPA_PLATFORM", platform);
-  environment.insert("DISPLAY", ":9999");
-  program.setProcessEnvironment(environment);
-  program.start(VELMAR_WINDOW, words);
-  EXPECT_TRUE(program.waitForFinished(60000));
-  return program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
-}
-
-TEST(Program, EndsWithACodeOfItsOwnWhereThereIsNoScreen) {
-  EXPECT_EQ(ExitCode({}, "no-such-platform"), 3);
-  EXPECT_EQ(ExitCode({}, "xcb"), 3);
-}
-
-TEST(Program, TellsHowItIsCalled) {
-  EXPECT_EQ(ExitCode({"--ayuda"}, "no-such-platform"), 0);
-  EXPECT_EQ(ExitCode({"--otra"}, "offscreen"), 2);
-  EXPECT_EQ(ExitCode({"una", "otra"}, "offscreen"), 2);
+TEST(Program, TellsHowItIsCalledAndThatThereIsNoScreen) {
+  const std::tuple<QStringList, const char*, int> kCalls[] = {{{}, "no-such-platform", 3},
+                                                              {{}, "xcb", 3},
+                                                              {{"--ayuda"}, "no-such-platform", 0},
+                                                              {{"--otra"}, "offscreen", 2},
+                                                              {{"una", "otra"}, "offscreen", 2}};
+  for (const auto& [words, platform, code] : kCalls) {
+    qputenv("QT_QPA_PLATFORM", platform);
+    qputenv("DISPLAY", ":9999");
+    QProcess program;
+    program.start(VELMAR_WINDOW, words);
+    EXPECT_TRUE(program.waitForFinished(60000));
+    EXPECT_EQ(program.exitCode(), code) << platform << ' ' << words.size();
+  }
 }
 
 }  // namespace
