@@ -1,417 +1,302 @@
 #include "export/ExportRun.h"
 
+#include <freexl.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <filesystem>
-
 #include "export/TestOffice.h"
-#include "export/Workbook.h"
 #include "platform/files/FileLock.h"
-#include "platform/toolkit/NativeQueue.h"
 
 namespace velmar::testing {
 namespace {
 
-using exporting::Outcome;
+using enum exporting::Outcome;
+using exporting::RunStage;
 
-const std::string kFinished =
+constexpr const char* kCol = TestOffice::kCol;
+constexpr const char* kRec = "(REC) Recibos";
+const Names kOnlyDatabases{"Gestion.mdb", "Informes.mdb"};
+const Names kWithWorkbook{"Gestion.mdb", "Informes.mdb", "Salida.xls"};
+const Names kFinishedBox{
     "64 ¡El proceso de exportación a una hoja de Microsoft Excel ha terminado correctamente!\r"
-    "El asistente de exportación se cerrará automaticamente.";
+    "El asistente de exportación se cerrará automaticamente."};
+const Names kStagingFailedBox{"48 ¡Se ha producido un error en la sentencia sql de selección de registros"};
+const Names kNoDataBox{
+    "48 ¡No se han seleccionado datos para la exportación!\rModifique algun dato en el filtro de selección."};
 
-class RowCount : public ::testing::TestWithParam<long> {};
+class ExportRun : public ::testing::Test {
+ protected:
+  ExportRun() { office.SelectPeople(); }
+
+  /// The window as an export leaves it that has not come to its end.
+  void ExpectOpenWindow() {
+    EXPECT_TRUE(office.window->Loaded());
+    EXPECT_FALSE(office.run.IsRunning());
+    EXPECT_EQ(office.window->tmrExportacion.Count(), 1);
+    EXPECT_FALSE(office.window->tmrExportacion(0).Enabled());
+    EXPECT_EQ(office.window->tmrExportacion(0).Tag(), "");
+    EXPECT_FALSE(office.window->prgExportar.Visible());
+    EXPECT_EQ(office.toolkit.MousePointer(), 0);
+    EXPECT_TRUE(office.window->conAuxiliar == nullptr || office.window->conAuxiliar->State() == 0);
+  }
+  /// All that an export must do, whatever became of those before it in the same window.
+  void ExpectExports() {
+    office.toolkit.ClearRecords();
+    ASSERT_EQ(office.Export(), kFinished) << office.run.Failure().Description();
+    EXPECT_EQ(office.run.Failure().Number(), 0);
+    EXPECT_EQ(office.Boxes(), kFinishedBox);
+    EXPECT_EQ(office.Exported(), office.ExpectedPeople());
+    EXPECT_EQ(office.Files(), kWithWorkbook);
+    EXPECT_FALSE(office.window->Loaded());
+  }
+
+  TestOffice office;
+};
+
+class RowCount : public ExportRun, public ::testing::WithParamInterface<std::size_t> {};
 
 TEST_P(RowCount, EveryRowStandsOnceInItsSheetInOrder) {
-  TestOffice office;
-  office.AddPeople(GetParam());
-  office.SelectPeople();
-  ASSERT_EQ(office.Export(), Outcome::kFinished) << office.run->Failure().Description();
-  EXPECT_EQ(office.Boxes(), std::vector{kFinished});
-
-  const auto expected = office.ExpectedPeople();
-  const std::vector<Sheet> sheets = ReadWorkbook(office.Path("Salida.xls"));
-  ASSERT_EQ(sheets.size(), (expected.size() + 63999) / 64000);
-  std::size_t at = 0;
-  for (std::size_t i = 0; i < sheets.size(); ++i) {
-    const Sheet& sheet = sheets[i];
-    EXPECT_EQ(sheet.name, "Hoja" + std::to_string(i + 1));
-    ASSERT_EQ(sheet.rows.size(), std::min<std::size_t>(64000, expected.size() - at) + 1);
-    EXPECT_EQ(sheet.rows[0], (std::vector<std::string>{"Codigo", "Nombre", "CuentaBancaria", "FechaAlta"}));
-    for (std::size_t row = 1; row < sheet.rows.size(); ++row) ASSERT_EQ(sheet.rows[row], expected[at++]);
+  office.AddPeople(static_cast<long>(GetParam()));
+  ExpectExports();
+  const void* book = nullptr;
+  ASSERT_EQ(freexl_open(office.Path("Salida.xls").c_str(), &book), FREEXL_OK);
+  unsigned short number = 0;
+  for (const Table& sheet : sample::ReadWorkbook(office.Path("Salida.xls"))) {
+    EXPECT_EQ(sheet[0], (Names{"Codigo", "Nombre", "CuentaBancaria", "FechaAlta"}));
+    EXPECT_EQ(sheet.size(), std::min<std::size_t>(64000, GetParam() - 64000U * number) + 1);
+    const char* name = nullptr;
+    freexl_get_worksheet_name(book, number, &name);
+    EXPECT_EQ(name, "Hoja" + std::to_string(++number));
   }
-  EXPECT_EQ(office.Files(), (std::vector<std::string>{"Gestion.mdb", "Informes.mdb", "Salida.xls"}));
-  EXPECT_FALSE(office.window->Loaded());
-  EXPECT_FALSE(office.run->IsRunning());
+  freexl_close(book);
 }
 
-INSTANTIATE_TEST_SUITE_P(Boundaries, RowCount,
-                         ::testing::Values(1, 7999, 8000, 8001, 64000, 64001, 70000, 128001));
+INSTANTIATE_TEST_SUITE_P(Boundaries, RowCount, ::testing::Values(1, 7999, 8000, 8001, 64000, 64001, 128001));
 
-const std::string kStagingFailed =
-    "48 ¡Se ha producido un error en la sentencia sql de selección de registros";
-const std::string kNoData =
-    "48 ¡No se han seleccionado datos para la exportación!\rModifique algun dato en el filtro de selección.";
-
-std::string Lost(long lost, long all) {
-  return "48 ¡No se han podido escribir " + std::to_string(lost) + " filas de " + std::to_string(all) +
-         "!\rMotivo: ";
-}
-
-/// The window as an export leaves it that has not come to its end.
-void ExpectOpenWindow(TestOffice& office) {
-  EXPECT_TRUE(office.window->Loaded());
-  EXPECT_FALSE(office.run->IsRunning());
-  EXPECT_EQ(office.window->tmrExportacion.Count(), 1);
-  EXPECT_FALSE(office.window->tmrExportacion(0).Enabled());
-  EXPECT_EQ(office.window->tmrExportacion(0).Tag(), "");
-  EXPECT_FALSE(office.window->prgExportar.Visible());
-  EXPECT_EQ(office.toolkit.MousePointer(), 0);
-  EXPECT_TRUE(office.window->conAuxiliar == nullptr || office.window->conAuxiliar->State() == 0);
-}
-
-/// All that a second export in the same window must still do.
-void ExpectExports(TestOffice& office, const std::string& file = "Salida.xls") {
-  office.toolkit.ClearRecords();
-  ASSERT_EQ(office.Export(file), Outcome::kFinished) << office.run->Failure().Description();
-  EXPECT_EQ(office.Boxes(), std::vector{kFinished});
-  std::vector<std::vector<std::string>> rows;
-  for (Sheet& sheet : ReadWorkbook(office.Path(file)))
-    rows.insert(rows.end(), sheet.rows.begin() + 1, sheet.rows.end());
-  EXPECT_EQ(rows, office.ExpectedPeople());
-  EXPECT_TRUE(office.WorkFiles().empty());
-}
-
-TEST(ExportRun, DialogThatIsCancelledTouchesNothing) {
-  TestOffice office;
+TEST_F(ExportRun, RefusedTargetLeavesAllAsItWas) {
   office.AddPeople(3);
-  office.SelectPeople();
-  for (const char* name : {"Salida.xls", "ExportacionAux.mdb"}) office.folder.Touch(name);
-  const auto before = office.Files();
+  office.Touch({"Salida.xls", "Salida2.xls", "a1.xls", "Vista.xls", "~$Vista.xls", "ExportacionAux.mdb"});
+  const Names before = office.Files();
+  const std::pair<const char*, const char*> cases[] = {
+      {"a?.xls", "caracteres"},
+      {"*.xls", "caracteres"},
+      {"SALIDA.xls", "mayúsculas"},
+      {"informes.MDB", "aplicación"},
+      {"no hay/Salida.xls", "carpeta"},
+      {"Vista.xls", "~$Vista.xls"},
+      {"exportacionExcel7.MDB", "de trabajo"},
+  };
+  for (const auto& [name, reason] : cases) {
+    SCOPED_TRACE(name);
+    EXPECT_EQ(office.Export(name), kRefused);
+    const Names boxes = office.Boxes();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_NE(boxes[0].find(office.Path(name)), std::string::npos) << boxes[0];
+    EXPECT_NE(boxes[0].find(reason), std::string::npos) << boxes[0];
+    EXPECT_EQ(office.Files(), before);
+    ExpectOpenWindow();
+  }
   office.toolkit.AnswerFile(std::nullopt);
-  EXPECT_EQ(office.run->ExportarDatos(office.selection, office.catalogue), Outcome::kDialogCancelled);
+  EXPECT_EQ(office.run.ExportarDatos(office.selection, office.catalogue), kDialogCancelled);
   EXPECT_TRUE(office.Boxes().empty());
   EXPECT_EQ(office.Files(), before);
-  ExpectOpenWindow(office);
+  EXPECT_EQ(office.Export(), kFinished) << office.run.Failure().Description();
+  EXPECT_TRUE(std::filesystem::exists(office.Path("Salida2.xls")));
 }
 
-struct StagingFailure {
-  const char* what;
-  std::function<void(TestOffice&)> arrange;
-  bool workFileStays;
-  /// Of the second message, where the selection is not to blame.
-  const char* reason = nullptr;
-};
-
-TEST(ExportRun, StagingThatFailsIsToldAndLosesTheOldTargetOnly) {
-  const std::string node = "(COL) Colaboradores";
-  const StagingFailure failures[] = {
-      {"a filter without its field",
-       [&](TestOffice& o) { o.Select(node, "c.x", "Colaboradores.NIF AS NIF", "{NIF} = `1´", ""); }, true},
-      {"a filter outside the language",
-       [&](TestOffice& o) {
-         o.Select(node, "c.x", "Colaboradores.NIF AS NIF", "{NIF} [Parecido a] `1´", "Colaboradores.NIF");
-       },
-       true},
-      {"a column that does not exist",
-       [&](TestOffice& o) { o.Select(node, "c.x", "Colaboradores.Nada AS Nada"); }, true},
-      {"two columns of one name",
-       [&](TestOffice& o) { o.Select(node, "c.x", "Colaboradores.NIF AS nombre"); }, true},
-      {"a field that the catalogue lacks",
-       [&](TestOffice& o) {
-         o.selection.rows.push_back({node, "x", "", 999});
-       },
-       true},
-      {"no work database",
-       [](TestOffice& o) { std::filesystem::create_directory(o.Path("ExportacionAux.mdb")); }, true,
-       "ExportacionAux.mdb"},
-      {"recoding without its column",
-       [&](TestOffice& o) { o.Select(node, "c.x", "Colaboradores.Sexo AS Otro"); }, true},
-      {"no pending tables",
-       [&](TestOffice& o) {
-         o.Run("DROP TABLE recibospendientes");
-         o.Select("(REC) Recibos", "recibos.importe", "Recibos.Importe AS Importe");
-       },
-       true},
-  };
-  for (const StagingFailure& failure : failures) {
-    SCOPED_TRACE(failure.what);
-    TestOffice office;
-    office.AddPeople(3);
-    office.SelectPeople();
-    failure.arrange(office);
-    office.folder.Touch("Salida.xls");
-    office.Run("INSERT INTO Modelo182Hacienda (codColaborador) VALUES (1)");
-    EXPECT_EQ(office.Export(), Outcome::kStagingFailed);
-    const auto boxes = office.Boxes();
-    EXPECT_EQ(boxes.at(0), kStagingFailed);
-    EXPECT_EQ(boxes.size(), failure.reason == nullptr ? 1U : 2U);
-    if (failure.reason != nullptr) {
-      EXPECT_NE(boxes.back().find(failure.reason), std::string::npos);
-    }
-    EXPECT_NE(office.run->Failure().Description(), "");
-    EXPECT_FALSE(office.folder.Has("Salida.xls"));
-    EXPECT_EQ(office.folder.Has("ExportacionAux.mdb"), failure.workFileStays);
-    EXPECT_EQ(office.Count("Colaboradores"), 3);
-    EXPECT_EQ(office.Count("Modelo182Hacienda"), 0);
-    ExpectOpenWindow(office);
-  }
-}
-
-TEST(ExportRun, FilterThatCannotBeTranslatedIsReported) {
-  TestOffice office;
-  office.AddPeople(3);
-  office.Select("(COL) Colaboradores", "c.nif", "Colaboradores.NIF AS NIF", "{NIF} [Parecido a] `1´",
-                "Colaboradores.NIF");
-  EXPECT_EQ(office.Export(), Outcome::kStagingFailed);
-  ASSERT_EQ(office.reported.size(), 1U);
-  EXPECT_EQ(office.reported[0].rfind("GenerarSQLWHERE ()", 0), 0U);
-}
-
-TEST(ExportRun, SelectionWithoutRowsIsToldAndTheWindowStays) {
-  TestOffice office;
-  office.AddPeople(3);
-  office.SelectPeople();
-  office.selection.rows[0].filtro = "X";
-  office.Select("(COL) Colaboradores", "c.x", "Colaboradores.NIF AS NIF", "{Codigo} > `3´",
-                "Colaboradores.IDColaborador", "");
-  office.selection.rows[0].filtro.clear();
-  EXPECT_EQ(office.Export(), Outcome::kNoData);
-  EXPECT_EQ(office.Boxes(), std::vector{kNoData});
-  EXPECT_EQ(office.WorkFiles(), std::vector<std::string>{"ExportacionAux.mdb"});
-  ExpectOpenWindow(office);
-  office.selection.rows.pop_back();
-  ExpectExports(office);
-}
-
-TEST(ExportRun, FirstRowWithoutAFirstValueIsData) {
-  TestOffice office;
-  office.Run("INSERT INTO Colaboradores (IDColaborador) VALUES (1)");
-  office.Select("(COL) Colaboradores", "c.nif", "Colaboradores.NIF AS NIF");
-  ASSERT_EQ(office.Export(), Outcome::kFinished) << office.run->Failure().Description();
-}
-
-TEST(ExportRun, RefusedTargetLeavesAllAsItWas) {
-  TestOffice office;
-  office.AddPeople(3);
-  office.SelectPeople();
-  for (const char* name : {"Gestion.mdb", "Informes.mdb", "no hay/Salida.xls", "Salida.xls"}) {
-    SCOPED_TRACE(name);
-    office.folder.Touch("Salida.xls");
-    // In the last case another wizard is at work in the folder.
-    std::optional<files::FileLock> other;
-    if (std::string_view(name) == "Salida.xls")
-      other = files::FileLock::TryTake(office.Path("VelmarExportacion.lock"));
-    const auto before = office.Files();
-    EXPECT_EQ(office.Export(office.folder / name), Outcome::kRefused);
-    const auto boxes = office.Boxes();
-    ASSERT_EQ(boxes.size(), 1U);
-    EXPECT_EQ(boxes[0].rfind("48 ", 0), 0U);
-    EXPECT_EQ(office.Files(), before);
-    ExpectOpenWindow(office);
-  }
-  ExpectExports(office);
-}
-
-TEST(ExportRun, BlockThatCannotBeWorkedOnIsLeftOutAndCounted) {
-  TestOffice office;
-  office.AddPeople(20000);
-  office.SelectPeople();
-  bool fails = true;
-  office.codec->onDecode = [&](long decoded) {
-    if (fails && decoded == 9000) throw RuntimeError(kTypeMismatch, "La cuenta no es válida.");
-  };
-  ASSERT_EQ(office.Export(), Outcome::kIncomplete);
-  const auto boxes = office.Boxes();
-  ASSERT_EQ(boxes.size(), 1U);
-  EXPECT_EQ(boxes[0], Lost(8000, 20000) + "La cuenta no es válida.\rEl archivo " + office.Path("Salida.xls") +
-                          " está incompleto: no lo utilice. Corrija la causa y vuelva a exportar.");
-  EXPECT_TRUE(office.WorkFiles().empty());
-  ExpectOpenWindow(office);
-  // What could be written is there, in order.
-  auto expected = office.ExpectedPeople();
-  expected.erase(expected.begin() + 8000, expected.begin() + 16000);
-  auto sheets = ReadWorkbook(office.Path("Salida.xls"));
-  ASSERT_EQ(sheets.size(), 1U);
-  sheets[0].rows.erase(sheets[0].rows.begin());
-  EXPECT_EQ(sheets[0].rows, expected);
-  fails = false;
-  ExpectExports(office);
-}
-
-TEST(ExportRun, PartThatCannotBeMadeIsLeftOutAndCounted) {
-  TestOffice office;
-  office.AddPeople(16001);
-  office.SelectPeople();
-  std::filesystem::create_directory(office.Path("ExportacionExcel0.mdb"));
-  ASSERT_EQ(office.Export(), Outcome::kIncomplete);
-  EXPECT_EQ(office.Boxes()[0].rfind(Lost(8000, 16001), 0), 0U);
-  // The sheet is made by the next block.
-  const auto sheets = ReadWorkbook(office.Path("Salida.xls"));
-  ASSERT_EQ(sheets.size(), 1U);
-  EXPECT_EQ(sheets[0].name, "Hoja1");
-  EXPECT_EQ(sheets[0].rows.size(), 8002U);
-  std::filesystem::remove(office.Path("ExportacionExcel0.mdb"));
-  ExpectExports(office);
-}
-
-TEST(ExportRun, BlockThatCannotBeWrittenIsLeftOutAndCounted) {
-  TestOffice office;
-  office.Run("CREATE TABLE Modelo (Nombre MEMO)");
+TEST_F(ExportRun, FilesOfAnotherWizardAreLeftAloneAndThoseOfEarlierRunsGo) {
   office.AddPeople(8001);
-  office.SelectPeople();
-  office.Run("ALTER TABLE Colaboradores ADD COLUMN Notas MEMO");
-  // A text that no cell can hold, in the last block.
-  office.Run("UPDATE Colaboradores SET Notas = '" + std::string(40000, 'x') + "' WHERE IDColaborador = 8001");
-  office.Select("(COL) Colaboradores", "c.notas", "Colaboradores.Notas AS Notas");
-  ASSERT_EQ(office.Export(), Outcome::kIncomplete);
-  EXPECT_EQ(office.Boxes()[0].rfind(Lost(1, 8001), 0), 0U);
-  EXPECT_TRUE(office.WorkFiles().empty());
-  EXPECT_EQ(ReadWorkbook(office.Path("Salida.xls"))[0].rows.size(), 8001U);
-}
-
-TEST(ExportRun, CancelLeavesNoTraceAtAnyStage) {
-  using exporting::RunStage;
-  TestOffice office;
-  office.AddPeople(8001);
-  office.SelectPeople();
-  for (const RunStage stage : {RunStage::kStaging, RunStage::kCutting, RunStage::kPostProcessing,
-                               RunStage::kSheets, RunStage::kClosing}) {
-    SCOPED_TRACE(static_cast<int>(stage));
-    office.onStage = [&](RunStage begun) {
-      EXPECT_TRUE(office.run->IsRunning());
-      if (begun == stage) office.run->RequestCancel();
-    };
-    EXPECT_EQ(office.Export(), Outcome::kCancelled);
-    EXPECT_TRUE(office.Boxes().empty());
-    EXPECT_EQ(office.Files(), (std::vector<std::string>{"Gestion.mdb", "Informes.mdb"}));
-    ExpectOpenWindow(office);
-  }
-  office.onStage = {};
-  office.codec->decoded = 0;
-  office.codec->onDecode = [&](long decoded) {
-    if (decoded == 100) office.run->RequestCancel();
-  };
-  EXPECT_EQ(office.Export(), Outcome::kCancelled);
-  EXPECT_LT(office.codec->decoded, 110) << "goes on although cancelled";
-  EXPECT_EQ(office.Files(), (std::vector<std::string>{"Gestion.mdb", "Informes.mdb"}));
-  ExpectOpenWindow(office);
-  office.codec->onDecode = {};
-  ExpectExports(office);
-  office.run->RequestCancel();  // nothing is in progress
-  office.window->Load();
-  ExpectExports(office);
-}
-
-/// Cancels the run in the first turn of the loop.
-class CancelAtOnce : public toolkit::NativeQueue {
- public:
-  explicit CancelAtOnce(TestOffice& office) : office_(office) {}
-  bool Process() override {
-    office_.run->RequestCancel();
-    return true;
-  }
-
- private:
-  TestOffice& office_;
-};
-
-TEST(ExportRun, CancelBeforeTheFolderIsItsOwnLeavesAnotherWizardsFiles) {
-  TestOffice office;
-  office.AddPeople(3);
-  office.SelectPeople();
-  for (const char* name : {"ExportacionAux.mdb", "ExportacionExcel0.mdb"}) office.folder.Touch(name);
-  const auto other = files::FileLock::TryTake(office.Path("VelmarExportacion.lock"));
-  const auto before = office.Files();
-  CancelAtOnce queue(office);
-  office.clock.tick = std::chrono::milliseconds(10);
-  office.toolkit.Loop().Native(&queue);
-  EXPECT_EQ(office.Export(), Outcome::kCancelled);
-  office.toolkit.Loop().Native(nullptr);
+  office.Touch({"Salida.xls", "ExportacionAux.mdb", "exportacionexcel1.mdb", "Exportacion vieja.MDB"});
+  auto other = files::FileLock::TryTake(office.Path("VelmarExportacion.lock"));
+  const Names before = office.Files();
+  EXPECT_EQ(office.Export(), kRefused);
   EXPECT_EQ(office.Files(), before);
-  ExpectOpenWindow(office);
-}
-
-TEST(ExportRun, SecondExportDuringTheFirstIsRefusedWithABeep) {
-  TestOffice office;
-  office.AddPeople(10);
-  office.SelectPeople();
-  office.codec->onDecode = [&](long decoded) {
-    if (decoded == 3) {
-      office.toolkit.ClearRecords();
-      EXPECT_EQ(office.run->ExportarDatos(office.selection, office.catalogue), Outcome::kRefused);
-      EXPECT_EQ(office.toolkit.Records().size(), 1U);
-      EXPECT_EQ(office.toolkit.Records()[0].kind, toolkit::Record::Kind::kBeep);
-    }
-  };
-  ExpectExports(office);
-}
-
-TEST(ExportRun, LeftoversOfEarlierRunsGo) {
-  TestOffice office;
-  office.AddPeople(8001);
-  office.SelectPeople();
-  for (const char* name :
-       {"ExportacionAux.mdb", "exportacionexcel1.mdb", "Exportacion vieja.MDB", "Salida.xls"}) {
-    office.folder.Touch(name);
-  }
+  // Cancelled before it could be refused.
+  office.toolkit.Loop().Post([this] { office.run.RequestCancel(); });
+  EXPECT_EQ(office.Export(), kCancelled);
+  EXPECT_EQ(office.Files(), before);
+  other.reset();
   office.Run("SELECT IDColaborador INTO ExportacionExcel FROM Colaboradores");
-  ExpectExports(office);
-  EXPECT_EQ(office.Files(), (std::vector<std::string>{"Gestion.mdb", "Informes.mdb", "Salida.xls"}));
+  ExpectExports();
   EXPECT_ANY_THROW(office.Run("SELECT * FROM ExportacionExcel"));
 }
 
-/// Receipts of five people, pending ones among them; some rows of the second kind repeat rows of the first.
-void AddReceipts(TestOffice& office) {
-  for (int id = 1; id <= 5; ++id) {
-    office.Run("INSERT INTO Colaboradores (IDColaborador, Nombre, Sexo, Juridico) VALUES (" +
-               std::to_string(id) + ", '" + (id == 5 ? "Recibos de Ana" : "Ana") + "', " +
-               std::to_string(id % 3) + ", " + (id == 4 ? "True" : "False") + ")");
-    office.Run("INSERT INTO Donativos (IDDonativo, CodColaborador, CodTipoDonativo) VALUES (" +
-               std::to_string(id) + ", " + std::to_string(id) + ", 1)");
-  }
-  const auto add = [&](const char* receipts, const char* payments, const char* key, const char* paymentKey,
-                       int id, int person, int amount) {
-    const std::string number = std::to_string(id);
-    office.Run(std::string("INSERT INTO ") + receipts + " (" + key +
-               ", CodColaborador, Importe, Eliminado) VALUES (" + number + ", " + std::to_string(person) +
-               ", " + std::to_string(amount) + ", False)");
-    office.Run(std::string("INSERT INTO ") + payments + " (" + paymentKey +
-               ", CodRecibo, CodDonativo, Importe) VALUES (" + number + ", " + number + ", " +
-               std::to_string(person) + ", " + std::to_string(amount) + ")");
-  };
-  int id = 0;
-  for (const auto& [person, amount] : {std::pair{5, 50}, {1, 10}, {4, 40}, {1, 10}, {2, 20}}) {
-    add("Recibos", "Cobros", "IDRecibo", "IDCobro", ++id, person, amount);
-  }
-  for (const auto& [person, amount] : {std::pair{3, 30}, {1, 10}, {4, 41}, {5, 50}, {3, 30}, {5, 51}}) {
-    add("recibospendientes", "cobrospendientes", "IDReciboPendiente", "IDCobroPendiente", ++id, person,
-        amount);
+struct StagingFailure {
+  const char* node;
+  const char* column;
+  const char* filter;
+  const char* statement = "SELECT 1";
+};
+
+const StagingFailure kStagingFailures[] = {
+    {kCol, "Colaboradores.NIF", "{NIF} [Parecido a] `1´"},
+    {kCol, "Colaboradores.Nada", ""},
+    {kCol, "Colaboradores.Sexo", ""},  // cannot be recoded under another name
+    {kRec, "Recibos.Importe", "", "DROP TABLE RecibosPendientes"},
+    {"(MOD) Modelo182", "Modelo182Hacienda.Importe", "", "DROP TABLE TipoDonativos"},
+};
+
+TEST(ExportRunRows, StagingThatFailsIsToldAndLosesTheOldTargetOnly) {
+  for (const StagingFailure& failure : kStagingFailures) {
+    SCOPED_TRACE(failure.column);
+    TestOffice office;
+    office.AddPeople(3);
+    office.Select(failure.node, failure.column, "Otro", failure.filter);
+    office.Touch({"Salida.xls"});
+    office.Run("INSERT INTO Modelo182Hacienda (codColaborador) VALUES (1)");
+    office.Run(failure.statement);
+    EXPECT_EQ(office.Export(), kStagingFailed);
+    EXPECT_EQ(office.Boxes(), kStagingFailedBox);
+    EXPECT_NE(office.run.Failure().Description(), "");
+    EXPECT_FALSE(std::filesystem::exists(office.Path("Salida.xls")));
+    EXPECT_EQ(office.Rows("SELECT codColaborador FROM Modelo182Hacienda"), Table{});
   }
 }
 
-TEST(ExportRun, PendingReceiptsComeBehindRecodedAndNeverTwice) {
-  // The names of the folder stand in the statement too, and must not be rewritten there.
-  TestOffice office("Recibos y Cobros, select idrecibo");
-  AddReceipts(office);
-  const std::string col = "(COL) Colaboradores";
-  office.Select(col, "colaboradores.nombre", "Colaboradores.Nombre AS Nombre",
-                "{Nombre} [Que contenga] `ANA´", "Colaboradores.Nombre");
-  office.Select(col, "colaboradores.sexo", "Colaboradores.Sexo & '' AS Sexo");
-  office.Select(col, "colaboradores.juridico", "Colaboradores.Juridico & '' AS TipoEntidad");
-  office.Select("(REC) Recibos", "recibos.importe", "Recibos.Importe AS Importe");
-  office.OrderBy("Recibos.Importe DESC");
-  ASSERT_EQ(office.Export(), Outcome::kFinished) << office.run->Failure().Description();
-  const std::vector<std::vector<std::string>> expected{
-      {"Nombre", "Sexo", "TipoEntidad", "Importe"},
-      {"Recibos de Ana", "Mujer", "Física", "50"},
-      {"Ana", "Hombre", "Jurídica", "40"},
-      {"Ana", "Mujer", "Física", "20"},
-      {"Ana", "Hombre", "Física", "10"},
-      {"Recibos de Ana", "Mujer", "Física", "51"},
-      {"Ana", "Hombre", "Jurídica", "41"},
-      {"Ana", "", "Física", "30"},
+TEST_F(ExportRun, SelectionWithoutRowsIsToldAndTheWindowStays) {
+  office.AddPeople(3);
+  office.selection.rows[1].filtro = "{Nombre} = `Nadie´";
+  // A box may stand for hours, in which others can export.
+  office.host->beforeBox = [this] {
+    EXPECT_FALSE(std::filesystem::exists(office.Path("VelmarExportacion.lock")));
   };
-  EXPECT_EQ(ReadWorkbook(office.Path("Salida.xls"))[0].rows, expected);
+  EXPECT_EQ(office.Export(), kNoData);
+  EXPECT_EQ(office.Boxes(), kNoDataBox);
+  ExpectOpenWindow();
+  office.selection.rows[1].filtro.clear();
+  ExpectExports();
+}
+
+struct Loss {
+  std::ptrdiff_t rows;
+  std::ptrdiff_t from;
+  std::ptrdiff_t until;
+  void (*arrange)(TestOffice& office);
+  const char* told;
+};
+
+void FailToDecode(TestOffice& office) {
+  office.codec->onDecode = [&office](long decoded) {
+    if (decoded % 9000 == 3) throw RuntimeError(kTypeMismatch, "La cuenta no es válida.");
+  };
+}
+void BlockFirstPart(TestOffice& office) {
+  std::filesystem::create_directory(office.Path("ExportacionExcel0.mdb"));
+}
+void OverfillCell(TestOffice& office) {
+  office.Run("UPDATE Colaboradores SET Nombre = '" + std::string(40000, 'x') + "' WHERE IDColaborador = 1");
+}
+
+const Loss kLosses[] = {
+    {5, 0, 5, FailToDecode, "La cuenta no es válida.\rNo se ha creado el archivo "},
+    {16001, 0, 8000, BlockFirstPart, "está incompleto: no lo utilice. Corrija"},
+    {8001, 8000, 8001, OverfillCell, "está incompleto: no lo utilice. Corrija"},
+};
+
+TEST_F(ExportRun, BlockThatFailsIsLeftOutCountedAndTold) {
+  for (const Loss& loss : kLosses) {
+    SCOPED_TRACE(loss.rows);
+    office.Run("DELETE FROM Colaboradores");
+    office.AddPeople(loss.rows);
+    loss.arrange(office);
+    ASSERT_EQ(office.Export(), kIncomplete);
+    const Names boxes = office.Boxes();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_TRUE(boxes[0].starts_with("48 ¡No se han podido escribir " +
+                                     std::to_string(loss.until - loss.from) + " filas de " +
+                                     std::to_string(loss.rows) + "!\rMotivo: "))
+        << boxes[0];
+    EXPECT_NE(boxes[0].find(loss.told), std::string::npos) << boxes[0];
+    ExpectOpenWindow();
+    std::filesystem::remove(office.Path("ExportacionExcel0.mdb"));
+    Table expected = office.ExpectedPeople();
+    expected.erase(expected.begin() + loss.from, expected.begin() + loss.until);
+    EXPECT_EQ(office.Files(), expected.empty() ? kOnlyDatabases : kWithWorkbook);
+    EXPECT_EQ(office.Exported(), expected);
+    office.codec->onDecode = {};
+    office.Run("UPDATE Colaboradores SET Nombre = 'Ana' WHERE Len(Nombre) > 100");
+    ExpectExports();
+    std::filesystem::remove(office.Path("Salida.xls"));
+  }
+}
+
+TEST_F(ExportRun, CancelLeavesNoTraceAtAnyStage) {
+  office.AddPeople(8001);
+  for (const RunStage stage : {RunStage::kStaging, RunStage::kCutting, RunStage::kPostProcessing,
+                               RunStage::kSheets, RunStage::kClosing}) {
+    SCOPED_TRACE(static_cast<int>(stage));
+    office.Run("INSERT INTO Modelo182Hacienda (codColaborador) VALUES (1)");
+    office.onStage = [&](RunStage begun) {
+      EXPECT_TRUE(office.run.IsRunning());
+      if (begun == stage) office.run.RequestCancel();
+    };
+    EXPECT_EQ(office.Export(), kCancelled);
+    EXPECT_TRUE(office.Boxes().empty());
+    EXPECT_EQ(office.Files(), kOnlyDatabases);
+    EXPECT_EQ(office.Rows("SELECT codColaborador FROM Modelo182Hacienda"), Table{});
+    ExpectOpenWindow();
+  }
+  office.onStage = [](RunStage) {};
+  office.run.RequestCancel();  // nothing is in progress
+  ExpectExports();
+}
+
+TEST_F(ExportRun, SecondExportDuringTheFirstIsRefusedWithABeep) {
+  office.AddPeople(10);
+  office.codec->onDecode = [this](long decoded) {
+    if (decoded != 3) return;
+    office.toolkit.ClearRecords();
+    EXPECT_EQ(office.run.ExportarDatos(office.selection, office.catalogue), kRefused);
+    EXPECT_EQ(office.toolkit.Records(toolkit::Record::Kind::kBeep).size(), 1U);
+  };
+  ExpectExports();
+}
+
+TEST(ExportRunRows, PendingOnesComeBehindRecodedAndNeverTwice) {
+  // The names of the folder stand in the statement too, and must not be rewritten there.
+  TestOffice office("Recibos y Cobros d'Ana, select idrecibo");
+  office.Run("INSERT INTO Donativos (IDDonativo) VALUES (1)");
+  for (const std::string person : {"1, NULL, 1, False", "2, 'Ana', 2, False", "3, 'Ana', 0, False",
+                                   "4, 'Ana', 1, True", "5, 'Recibos de Ana', 2, False"}) {
+    office.Run("INSERT INTO Colaboradores (IDColaborador, Nombre, Sexo, Juridico) VALUES (" + person + ")");
+  }
+  // Each with its key, its payer and its amount; some repeat others.
+  for (const std::string receipt : {"1, 5, 50", "2, 1, 60", "3, 4, 40", "4, 1, 60", "5, 2, 20"}) {
+    office.Run("INSERT INTO Recibos VALUES (" + receipt + ", False, NULL)");
+  }
+  for (const std::string receipt : {"1, 3, 30", "2, 1, 60", "3, 4, 41", "4, 5, 50", "5, 3, 30", "6, 5, 51"}) {
+    office.Run("INSERT INTO RecibosPendientes VALUES (" + receipt + ", False)");
+  }
+  office.Run("INSERT INTO Cobros SELECT IDRecibo, 1, 1, 8 FROM Recibos");
+  office.Run("INSERT INTO CobrosPendientes SELECT IDReciboPendiente, 1, 1, 8 FROM RecibosPendientes");
+  office.Select(kCol, "Colaboradores.Nombre", "Nombre", "{Nombre} [Que contenga] `ANA´ [O] {} IS NULL");
+  office.Select(kCol, "Colaboradores.Sexo & ''", "Sexo");
+  office.Select(kCol, "Colaboradores.Juridico & ''", "TipoEntidad");
+  office.Select(kRec, "Recibos.Importe", "Importe");
+  office.Select(kRec, "Cobros.IDCobro", "Cobro");
+  office.selection.order = {4};
+  ASSERT_EQ(office.Export(), kFinished) << office.run.Failure().Description();
+  // A NULL in the first row's first field is data, too.
+  const Table expected{
+      {"", "Hombre", "Física", "60", "8"},
+      {"Recibos de Ana", "Mujer", "Física", "50", "8"},
+      {"Ana", "Hombre", "Jurídica", "40", "8"},
+      {"Ana", "Mujer", "Física", "20", "8"},
+      {"Recibos de Ana", "Mujer", "Física", "51", "8"},
+      {"Ana", "Hombre", "Jurídica", "41", "8"},
+      {"Ana", "", "Física", "30", "8"},
+  };
+  EXPECT_EQ(office.Exported(), expected);
+
+  // Rows that were only added or only recoded can repeat others, too.
+  office.selection.rows.erase(office.selection.rows.begin() + 1, office.selection.rows.begin() + 3);
+  ASSERT_EQ(office.Export(), kFinished) << office.run.Failure().Description();
+  EXPECT_EQ(office.Exported().size(), expected.size());
+  office.Run("DELETE FROM RecibosPendientes");
+  office.Run("UPDATE Recibos SET Importe = 1");
+  office.Run("UPDATE Colaboradores SET Nombre = NULL, Sexo = IIf(IDColaborador = 2, 0, NULL)");
+  office.Select(kCol, "Colaboradores.Sexo & ''", "Sexo");
+  ASSERT_EQ(office.Export(), kFinished) << office.run.Failure().Description();
+  EXPECT_EQ(office.Exported(), (Table{{"", "1", "8", ""}}));
 }
 
 }  // namespace

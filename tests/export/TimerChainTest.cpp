@@ -3,125 +3,87 @@
 #include <chrono>
 #include <set>
 
+#include "export/PendingBlocks.h"
 #include "export/TestOffice.h"
-#include "export/Workbook.h"
 
 namespace velmar::testing {
 namespace {
 
 using namespace std::chrono_literals;
-using exporting::Outcome;
+using enum exporting::Outcome;
 
-/// Keeps a log of the blocks: "+2" where the event of block 2 begins, "-2" where it has ended.
-class TimerChain : public ::testing::Test {
- protected:
-  TimerChain() {
-    office.SelectPeople();
-    office.window->timerFired = [this](int block) {
-      log.push_back("+" + std::to_string(block));
-      begun.push_back(office.toolkit.Loop().Now());
-      office.run->tmrExportacion_Timer(block);
-      log.push_back("-" + std::to_string(block));
-    };
-  }
-
-  void ExportAndCompare() {
-    ASSERT_EQ(office.Export(), Outcome::kFinished) << office.run->Failure().Description();
-    std::vector<std::vector<std::string>> rows;
-    for (Sheet& sheet : ReadWorkbook(office.Path("Salida.xls"))) {
-      rows.insert(rows.end(), sheet.rows.begin() + 1, sheet.rows.end());
-    }
-    EXPECT_EQ(rows, office.ExpectedPeople());
-  }
-
-  TestOffice office;
-  std::vector<std::string> log;
-  std::vector<std::chrono::nanoseconds> begun;
+struct Course {
+  std::string notes;  ///< "+2" where the event of block 2 begins, "-2" where it has ended
+  long rows;
+  std::set<long> slow;  ///< accounts at which two seconds go by
+  exporting::Outcome outcome = kFinished;
+  std::ptrdiff_t lost = 0;  ///< rows behind the first block
+  void (*atHundred)(TestOffice&) = [](TestOffice&) {};
 };
 
-TEST_F(TimerChain, WorksOnBlocksInTurnWhenEachIsQuick) {
-  office.AddPeople(24001);
-  ExportAndCompare();
-  EXPECT_EQ(log, (std::vector<std::string>{"+0", "-0", "+1", "-1", "+2", "-2", "+3", "-3"}));
-  // Nobody waits, but each block begins two seconds behind the one before it, by the loop's own clock.
-  for (std::size_t i = 1; i < begun.size(); ++i) EXPECT_EQ(begun[i] - begun[i - 1], 2000ms);
+void Fail(TestOffice&) {
+  throw RuntimeError(kTypeMismatch, "La cuenta no es válida.");
 }
 
-TEST_F(TimerChain, LaterBlocksRunInsideOneThatTakesLong) {
-  office.AddPeople(32000);
-  // The first block is overtaken by the second and that by the third; the fourth waits until they have ended.
-  std::set<long> at{5, 10};
-  office.codec->onDecode = [&](long decoded) {
-    if (at.count(decoded) != 0) office.clock.Advance(2000ms);
-  };
-  ExportAndCompare();
-  EXPECT_EQ(log, (std::vector<std::string>{"+0", "+1", "+2", "-2", "-1", "-0", "+3", "-3"}));
+void Break(TestOffice& office) {
+  office.window->tmrExportacion(1).Enabled(false);
 }
 
-TEST_F(TimerChain, BlocksEndInAnyOrder) {
-  office.AddPeople(32000);
-  // The second block runs inside the first and ends there; the third begins inside the first as well.
-  office.codec->onDecode = [&](long decoded) {
-    if (decoded == 5 || decoded == 9000) office.clock.Advance(2000ms);
-  };
-  ExportAndCompare();
-  EXPECT_EQ(log, (std::vector<std::string>{"+0", "+1", "-1", "+2", "-2", "-0", "+3", "-3"}));
-}
+const Course kCourses[] = {
+    {"+0 -0 +1 -1 +2 -2 +3 -3 ", 24001, {}},
+    {"+0 +1 +2 -2 -1 -0 +3 -3 ", 32000, {5, 10}},
+    {"+0 +1 -1 +2 -2 -0 +3 -3 ", 32000, {5, 9000}},
+    {"+0 +1 +2 +3 +4 +5 +6 +7 +8 +9 +10 +11 -11 -10 -9 -8 -7 -6 -5 -4 -3 -2 -1 -0 ",
+     96000,
+     {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}},
+    {"+0 +1 -1 -0 +2 -2 ", 24000, {5}, kIncomplete, 8000, Fail},
+    {"+0 -0 ", 24000, {}, kIncomplete, 16000, Break},
+    {"+0 +1 +2 -2 -1 -0 ", 24000, {5, 50}, kCancelled, 24000, [](TestOffice& o) { o.run.RequestCancel(); }},
+};
 
-TEST_F(TimerChain, TwentyBlocksOnTopOfOneAnother) {
-  office.AddPeople(19 * 8000 + 1);
+class TimerChain : public ::testing::TestWithParam<Course> {};
+
+TEST_P(TimerChain, LaterBlocksRunInsideOneThatTakesLong) {
+  const Course& course = GetParam();
+  SCOPED_TRACE(course.notes);
+  TestOffice office;
+  office.SelectPeople();
+  office.AddPeople(course.rows);
   office.codec->onDecode = [&](long decoded) {
-    if (decoded % 50 == 49 && decoded < 19 * 50) office.clock.Advance(2000ms);
+    if (course.slow.count(decoded) != 0) office.clock.now += 2000ms;
+    if (decoded == 100) course.atHundred(office);
   };
-  ExportAndCompare();
-  ASSERT_EQ(log.size(), 40U);
-  for (int block = 0; block < 20; ++block) {
-    EXPECT_EQ(log[static_cast<std::size_t>(block)], "+" + std::to_string(block));
-    EXPECT_EQ(log[static_cast<std::size_t>(39 - block)], "-" + std::to_string(block));
+  std::string notes;
+  std::chrono::nanoseconds begun = -2000ms;
+  office.window->timerFired = [&](int block) {
+    EXPECT_GE(office.toolkit.Loop().Now() - begun, 2000ms);
+    begun = office.toolkit.Loop().Now();
+    notes += "+" + std::to_string(block) + " ";
+    office.run.tmrExportacion_Timer(block);
+    notes += "-" + std::to_string(block) + " ";
+  };
+  EXPECT_EQ(office.Export(), course.outcome) << office.run.Failure().Description();
+  EXPECT_EQ(notes, course.notes);
+  if (course.outcome == kCancelled) {
+    EXPECT_LT(office.codec->decoded, 110) << "goes on although cancelled";
+    EXPECT_EQ(office.Files(), (Names{"Gestion.mdb", "Informes.mdb"}));
+    return;
   }
+  Table expected = office.ExpectedPeople();
+  expected.erase(expected.begin() + 8000, expected.begin() + 8000 + course.lost);
+  EXPECT_EQ(office.Exported(), expected);
 }
 
-TEST_F(TimerChain, GivesTheSameWhenWaitsAreNotSkipped) {
-  office.AddPeople(24001);
-  office.toolkit.Loop().SkipsIdleWaits(false);
-  office.clock.tick = 700us;
-  ExportAndCompare();
-  EXPECT_EQ(log.size(), 8U);
-  for (std::size_t i = 1; i < begun.size(); ++i) EXPECT_GE(begun[i] - begun[i - 1], 2000ms);
+TEST(PendingBlocks, TakesNoNumberForAPartOfAnother) {
+  controls::Timer holder("tmrExportacion");
+  exporting::PendingBlocks pending(holder);
+  for (const int block : {1, 11}) pending.Add(block);
+  pending.Remove(1);
+  EXPECT_FALSE(pending.Holds(1));
+  EXPECT_TRUE(pending.Holds(11));
 }
 
-TEST_F(TimerChain, FailureInANestedBlockEndsThatBlockAlone) {
-  office.AddPeople(24000);
-  office.codec->onDecode = [&](long decoded) {
-    if (decoded == 5) office.clock.Advance(2000ms);
-    if (decoded == 100) throw RuntimeError(kTypeMismatch, "La cuenta no es válida.");
-  };
-  EXPECT_EQ(office.Export(), Outcome::kIncomplete);
-  EXPECT_EQ(log, (std::vector<std::string>{"+0", "+1", "-1", "-0", "+2", "-2"}));
-  EXPECT_EQ(ReadWorkbook(office.Path("Salida.xls"))[0].rows.size(), 16001U);
-}
-
-TEST_F(TimerChain, ChainThatBreaksEndsTheWait) {
-  office.AddPeople(24000);
-  office.codec->onDecode = [&](long decoded) {
-    if (decoded == 10) office.window->tmrExportacion(1).Enabled(false);
-  };
-  EXPECT_EQ(office.Export(), Outcome::kIncomplete);
-  EXPECT_EQ(log, (std::vector<std::string>{"+0", "-0"}));
-  EXPECT_EQ(ReadWorkbook(office.Path("Salida.xls"))[0].rows.size(), 8001U);
-  EXPECT_EQ(office.WorkFiles(), std::vector<std::string>{});
-}
-
-TEST_F(TimerChain, CancelInANestedBlockEndsThemAll) {
-  office.AddPeople(24000);
-  office.codec->onDecode = [&](long decoded) {
-    if (decoded == 5 || decoded == 50) office.clock.Advance(2000ms);
-    if (decoded == 100) office.run->RequestCancel();
-  };
-  EXPECT_EQ(office.Export(), Outcome::kCancelled);
-  EXPECT_EQ(log, (std::vector<std::string>{"+0", "+1", "+2", "-2", "-1", "-0"}));
-  EXPECT_EQ(office.Files(), (std::vector<std::string>{"Gestion.mdb", "Informes.mdb"}));
-}
+INSTANTIATE_TEST_SUITE_P(Courses, TimerChain, ::testing::ValuesIn(kCourses));
 
 }  // namespace
 }  // namespace velmar::testing

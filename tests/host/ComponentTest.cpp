@@ -2,43 +2,31 @@
 
 #include <dlfcn.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 
 #include "host/Principal.h"
-#include "host/TestSite.h"
-#include "host/interfaces/TestDatabases.h"
 #include "platform/com/ClassFactory.h"
 #include "platform/com/ClassFile.h"
 #include "platform/com/CreateObject.h"
 #include "platform/com/ObjectUnknown.h"
-#include "platform/error/RuntimeError.h"
 #include "platform/toolkit/Form.h"
 #include "wizard/WizardOffice.h"
 
 namespace velmar {
 namespace {
 
-using ::testing::Contains;
-
-class Component : public ::testing::Test {
+class Component : public ::testing::Test, public ComponentSite {
  protected:
   using Plain = com::HResult (*)();
   using GetClassObject = com::HResult (*)(const com::Guid*, const com::Guid*, void**);
 
-  Component() : library_(dlopen(VELMAR_COMPONENT, RTLD_NOW | RTLD_LOCAL)) {
-    if (library_ == nullptr) throw std::runtime_error(dlerror());
-  }
-
   template <typename Function>
   Function Entry(const char* name) const {
     const auto entry = reinterpret_cast<Function>(dlsym(library_, name));
-    EXPECT_NE(entry, nullptr) << name;
+    if (entry == nullptr) throw std::runtime_error(dlerror());
     return entry;
   }
 
@@ -58,7 +46,10 @@ class Component : public ::testing::Test {
     return com::Query<Principal>(object);
   }
 
-  void* library_;
+  toolkit::Toolkit& Surroundings() override { return office_.toolkit; }
+
+  testing::WizardOffice office_;
+  void* library_ = dlopen(VELMAR_COMPONENT, RTLD_NOW | RTLD_LOCAL);
 };
 
 TEST_F(Component, ExportsTheFourEntryPointsAndNothingElse) {
@@ -71,49 +62,31 @@ TEST_F(Component, ExportsTheFourEntryPointsAndNothingElse) {
 }
 
 TEST_F(Component, RunsTheWizardForAHostThatLoadedIt) {
-  testing::WizardOffice office;
-  testing::TestSite site(office.toolkit);
   const auto canUnload = Entry<Plain>("DllCanUnloadNow");
   EXPECT_EQ(canUnload(), com::kSOk);
   {
     const auto principal = Create();
     EXPECT_EQ(canUnload(), com::kSFalse);
-    principal->SetSite(&site);
-    office.toolkit.WhenShown("frmExportacion", [](toolkit::Form& form) {
+    EXPECT_THROW(principal->PasarDatos(office_.host), RuntimeError) << "there is no site";
+    principal->SetSite(this);
+    office_.log->FailAt(5);
+    office_.toolkit.WhenShown("frmExportacion", [](toolkit::Form& form) {
       EXPECT_EQ(form.Caption(), "Exportación de datos a una hoja de Excel");
       form.UserClose();
     });
-    principal->PasarDatos(office.host);
-    EXPECT_THAT(office.log->Take(), Contains("CreateObject"));
-    EXPECT_EQ(office.host->main->State(), ADODB::kStateClosed);
+    principal->PasarDatos(office_.host);
+    // The number is read from this program's own current error.
+    EXPECT_THAT(office_.log->Take(),
+                ::testing::Contains("VerError Form_Load() frmExportacion VelmarExportacion 7000"));
+    EXPECT_EQ(office_.host->main->State(), ADODB::kStateClosed);
     principal->SetSite(nullptr);
   }
   EXPECT_EQ(canUnload(), com::kSOk);
 }
 
-TEST_F(Component, FailuresReachTheHostOnItsOwnSide) {
-  testing::WizardOffice office;
-  testing::TestSite site(office.toolkit);
-  const auto principal = Create();
-  try {
-    principal->PasarDatos(office.host);
-    ADD_FAILURE() << "there is no site";
-  } catch (const RuntimeError& failure) {
-    EXPECT_EQ(failure.Number(), kObjectNotSet);
-  }
-  principal->SetSite(&site);
-  office.log->FailAt(5);
-  office.toolkit.WhenShown("frmExportacion", [](toolkit::Form& form) { form.UserClose(); });
-  principal->PasarDatos(office.host);
-  // The number is read from this program's own current error.
-  EXPECT_THAT(office.log->Take(), Contains("VerError Form_Load() frmExportacion VelmarExportacion 7000"));
-  principal->SetSite(nullptr);
-}
-
 TEST_F(Component, RegistersOneClassForTheUserAndTakesItBack) {
-  const auto data =
-      std::filesystem::path(::testing::TempDir()) / ("velmar-clases-" + std::to_string(::getpid()));
-  ::setenv("XDG_DATA_HOME", data.c_str(), 1);
+  const files::TemporaryFolder folder;
+  ::setenv("XDG_DATA_HOME", (folder / "datos").c_str(), 1);
   EXPECT_EQ(Entry<Plain>("DllRegisterServer")(), com::kSOk);
   const auto entries = com::ClassFile::OfUser().Entries();
   ASSERT_EQ(entries.size(), 1U);
@@ -122,11 +95,9 @@ TEST_F(Component, RegistersOneClassForTheUserAndTakesItBack) {
   EXPECT_NE(com::Query<Principal>(com::CreateObject("velmarexportacion.CPRINCIPAL")), nullptr);
   EXPECT_EQ(Entry<Plain>("DllUnregisterServer")(), com::kSOk);
   EXPECT_TRUE(com::ClassFile::OfUser().Entries().empty());
-  std::filesystem::remove_all(data);
 
-  std::ofstream(data) << "in the way of a folder";
+  ::setenv("XDG_DATA_HOME", "/dev/null", 1);
   EXPECT_LT(Entry<Plain>("DllRegisterServer")(), 0);
-  std::filesystem::remove(data);
   ::unsetenv("XDG_DATA_HOME");
 }
 

@@ -10,6 +10,7 @@
 #include "host/interfaces/HostApi.h"
 #include "host/interfaces/HostApplication.h"
 #include "platform/ado/Connection.h"
+#include "platform/controls/TextBox.h"
 #include "platform/error/RuntimeError.h"
 
 namespace velmar::testing {
@@ -82,7 +83,10 @@ class RecordingApi : public HostApi {
     log_->Note("VerError " + rutina + " " + formulario + " " + componente + " " +
                std::to_string(CurrentError().Number()));
   }
-  void SeleccionarTexto(controls::TextBox&) override {}
+  void SeleccionarTexto(controls::TextBox& caja) override {
+    caja.SelStart(0);
+    caja.SelLength(1000);
+  }
   long validar_nif(const ADODB::Field&) override { return 0; }
 
  private:
