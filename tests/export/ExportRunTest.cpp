@@ -70,7 +70,8 @@ TEST_P(RowCount, EveryRowStandsOnceInItsSheetInOrder) {
   freexl_close(book);
 }
 
-INSTANTIATE_TEST_SUITE_P(Boundaries, RowCount, ::testing::Values(1, 7999, 8000, 8001, 64000, 64001, 128001));
+INSTANTIATE_TEST_SUITE_P(Boundaries, RowCount,
+                         ::testing::Values(1, 7999, 8000, 8001, 64000, 64001, 70000, 128001));
 
 TEST_F(ExportRun, RefusedTargetLeavesAllAsItWas) {
   office.AddPeople(3);
