@@ -25,7 +25,8 @@ Variant Cursor::Value(std::size_t column) {
   Owner();
   RequireRow();
   Variant value = StoredValue(column);
-  return columns_[column].boolean && value.IsWhole() ? Variant(value.AsBoolean()) : value;
+  if (columns_[column].boolean && value.IsWhole()) return value.AsBoolean();
+  return value;
 }
 
 void Cursor::Update(std::size_t /*column*/, const Variant& /*value*/) {

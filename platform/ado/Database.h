@@ -65,6 +65,9 @@ class Database {
   const std::string& RefusedTable() const noexcept { return refused_; }
 
   bool InTransaction() const noexcept;
+  /// Puts the journal of the main file, if that is scratch, where a file of its present size has it. Nothing
+  /// inside a transaction.
+  void PlaceJournal();
 
   /// Grows with every row that this connection writes; what a transaction takes back does not lower it.
   std::int64_t OwnChanges() const noexcept;
@@ -126,6 +129,7 @@ class Database {
   bool IsEngineTable(const char* name, const char* alias) const;
   void OpenHandle();
   void Configure(const std::string& alias);
+  void PlaceScratchJournal(const std::string& alias);
 
   std::map<std::string, std::string, std::less<>> files_;
   FileIdentity identity_;

@@ -28,22 +28,10 @@ bool DirectCell::Suits(Database& database, const std::string& table, const std::
   // What is written must be the very bytes that the file holds.
   Statement encoding(database, "PRAGMA main.encoding");
   if (!encoding.Step() || encoding.Text(0) != "UTF-8") return false;
-  std::vector<velmar::jet::OutputColumn> columns;
-  bool keeps = false;
-  Statement list(database, "SELECT name, type FROM pragma_table_info(?1, 'main') ORDER BY cid");
-  list.Bind(1, table);
-  while (list.Step()) {
-    columns.push_back({std::string(list.Text(0)), std::string(list.Text(1))});
-    if (columns.back().name == column) keeps = KeepsTexts(columns.back().type);
-  }
-  if (!keeps) return false;
-  // The file holds the text of the definition without the name of the database.
-  std::string plain = velmar::jet::CreateTableText({"main", table, false, {}, {}, {}}, columns);
-  plain.replace(plain.find("main."), 5, "");
-  Statement definitions(database, "SELECT sql FROM main.sqlite_master WHERE lower(tbl_name) = lower(?1)");
-  definitions.Bind(1, table);
-  const bool only = definitions.Step() && definitions.Text(0) == plain;
-  return only && !definitions.Step();
+  Statement type(database, "SELECT type FROM pragma_table_info(?1, 'main') WHERE name = ?2");
+  type.Bind(1, table);
+  type.Bind(2, column);
+  return type.Step() && KeepsTexts(std::string(type.Text(0))) && IsPlainTable(database, table);
 }
 
 DirectCell::DirectCell(Database& database, std::string table, std::string column)

@@ -8,6 +8,7 @@
 #include "platform/ado/DistinctMemory.h"
 #include "platform/ado/Statement.h"
 #include "platform/ado/TableNames.h"
+#include "platform/ado/TellingColumns.h"
 #include "platform/jet/RowHash.h"
 #include "platform/jet/Translation.h"
 
@@ -21,6 +22,9 @@ struct HashedRow {
   std::size_t place;  ///< from 0
   auto operator<=>(const HashedRow&) const = default;
 };
+
+/// Hashes of some columns will do while they leave fewer pairs of rows to compare than one for so many rows.
+constexpr std::size_t kRowsForAPair = 16;
 
 std::string ColumnList(const std::vector<std::string>& columns, const std::string& table) {
   std::string list;
@@ -40,6 +44,50 @@ std::string HashList(const std::vector<std::string>& columns) {
   }
   return list;
 }
+
+/// The rows of the table, which is quoted, in the order of their hashes; keys: theirs, by place.
+std::vector<HashedRow> HashesBy(const std::vector<std::string>& columns, Database& database,
+                                const std::string& table, std::vector<std::int64_t>& keys) {
+  std::vector<HashedRow> rows;
+  keys.clear();
+  Statement all(database, "SELECT _rowid_" + HashList(columns) + " FROM " + table + " NOT INDEXED");
+  const int count = all.ColumnCount();
+  while (all.Step()) {
+    std::uint64_t hash = 0;
+    for (int column = 1; column < count; ++column)
+      hash = hash * 31 + static_cast<std::uint64_t>(all.Long(column));
+    rows.push_back({hash, keys.size()});
+    keys.push_back(all.Long(0));
+  }
+  std::sort(rows.begin(), rows.end());
+  return rows;
+}
+
+/// The rows are in the order of their hashes.
+std::size_t PairsOfEqualHash(const std::vector<HashedRow>& rows) {
+  std::size_t pairs = 0;
+  for (std::size_t at = 1, before = 0; at < rows.size(); ++at) {
+    before = rows[at].hash == rows[at - 1].hash ? before + 1 : 0;
+    pairs += before;
+  }
+  return pairs;
+}
+
+/// Deletes rows of a table, which is quoted, by their keys.
+class Deletion {
+ public:
+  Deletion(Database& database, const std::string& table)
+      : remove_(database, "DELETE FROM " + table + " WHERE _rowid_ = ?1") {}
+
+  void Of(std::int64_t key) {
+    remove_.Bind(1, key);
+    remove_.Step();
+    remove_.Reset();
+  }
+
+ private:
+  Statement remove_;
+};
 
 }  // namespace
 
@@ -77,20 +125,11 @@ bool RepeatedRows::CanCompare(const std::string& alias, const std::string& table
 }
 
 void RepeatedRows::Find() {
-  std::vector<HashedRow> rows;
   std::vector<std::int64_t> keys;
-  {
-    Statement all(*database_, "SELECT _rowid_" + HashList(columns_) + " FROM " + table_ + " NOT INDEXED");
-    const int count = all.ColumnCount();
-    while (all.Step()) {
-      std::uint64_t hash = 0;
-      for (int column = 1; column < count; ++column)
-        hash = hash * 31 + static_cast<std::uint64_t>(all.Long(column));
-      rows.push_back({hash, keys.size()});
-      keys.push_back(all.Long(0));
-    }
-  }
-  std::sort(rows.begin(), rows.end());
+  const std::vector<std::string> telling = TellingColumns(*database_, table_, columns_);
+  std::vector<HashedRow> rows = HashesBy(telling, *database_, table_, keys);
+  if (telling.size() < columns_.size() && PairsOfEqualHash(rows) > rows.size() / kRowsForAPair)
+    rows = HashesBy(columns_, *database_, table_, keys);
   // The engine itself says whether rows of one hash are equal.
   Statement same(*database_, "SELECT (" + ColumnList(columns_, "a.") + ") IS (" + ColumnList(columns_, "b.") +
                                  ") FROM " + table_ + " a, " + table_ +
@@ -106,12 +145,12 @@ void RepeatedRows::Find() {
       return equal;
     });
     if (repeats) {
-      places_.push_back(static_cast<std::int64_t>(rows[at].place) + 1);
+      rows_.push_back({static_cast<std::int64_t>(rows[at].place) + 1, keys[rows[at].place]});
     } else {
       firsts.push_back(rows[at].place);
     }
   }
-  std::sort(places_.begin(), places_.end());
+  std::sort(rows_.begin(), rows_.end(), [](const Row& a, const Row& b) { return a.place < b.place; });
 }
 
 std::int64_t RepeatedRows::CopyOthers(const velmar::jet::TargetTable& target) const {
@@ -122,14 +161,14 @@ std::int64_t RepeatedRows::CopyOthers(const velmar::jet::TargetTable& target) co
   insert.Step();
   const std::int64_t rows = sqlite3_changes64(database_->Handle());
   insert.Reset();
-  Statement remove(*database_, "DELETE FROM " + QuoteIdentifier(target.alias) + "." +
-                                   QuoteIdentifier(target.table) + " WHERE _rowid_ = ?1");
-  for (const std::int64_t place : places_) {
-    remove.Bind(1, place);
-    remove.Step();
-    remove.Reset();
-  }
-  return rows - static_cast<std::int64_t>(places_.size());
+  Deletion deletion(*database_, QuoteIdentifier(target.alias) + "." + QuoteIdentifier(target.table));
+  for (const Row& row : rows_) deletion.Of(row.place);
+  return rows - Count();
+}
+
+void RepeatedRows::Remove() const {
+  Deletion deletion(*database_, table_);
+  for (const Row& row : rows_) deletion.Of(row.key);
 }
 
 }  // namespace ADODB

@@ -28,6 +28,10 @@ class RepeatedRows {
   /// Inserts the other rows into a new table with the same columns, in the order of their keys; their number.
   std::int64_t CopyOthers(const velmar::jet::TargetTable& target) const;
 
+  /// Deletes them from the table itself.
+  void Remove() const;
+  std::int64_t Count() const noexcept { return static_cast<std::int64_t>(rows_.size()); }
+
   /// True if the copy, whose texts all compare by JET, has no equal rows either.
   bool CopyIsDistinct() const noexcept { return allJet_; }
 
@@ -40,7 +44,11 @@ class RepeatedRows {
   std::string table_;  ///< quoted, with its database
   std::vector<std::string> columns_;
   bool allJet_ = true;
-  std::vector<std::int64_t> places_;  ///< of the repeated rows among all, counted from 1, ascending
+  struct Row {
+    std::int64_t place;  ///< among all, counted from 1
+    std::int64_t key;
+  };
+  std::vector<Row> rows_;  ///< in the order of the table
 };
 
 }  // namespace ADODB

@@ -14,6 +14,7 @@
 #include "platform/ado/Statement.h"
 #include "platform/ado/StaticCursor.h"
 #include "platform/ado/StoredCursor.h"
+#include "platform/ado/TableNames.h"
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/OperationObserver.h"
 #include "platform/jet/NameMap.h"
@@ -53,7 +54,11 @@ std::shared_ptr<Session> Session::Open(const std::string& path, const std::strin
 }
 
 Session::~Session() {
-  if (batch_) sqlite3_exec(database_->Handle(), "COMMIT", nullptr, nullptr, nullptr);
+  try {
+    EndBatch();
+  } catch (const std::exception&) {
+    // Who closes the connection, rather than letting it go, is told.
+  }
 }
 
 void Session::Close() {
@@ -78,6 +83,7 @@ void Session::Begin() {
     throw RuntimeError(velmar::kTransactionOpen, "Ya hay una transacción abierta en esta conexión.", kSource);
   }
   EndBatch();
+  database_->PlaceJournal();
   database_->Run("BEGIN");
   database_->NextMoment();
   transaction_ = true;
@@ -113,8 +119,14 @@ void Session::Rollback() {
 }
 
 void Session::BeforeRowWrite() {
+  if (putOff_) EndBatch();
   if (transaction_ || batch_ || !database_->IsScratch()) return;
-  database_->Run("BEGIN");
+  BeginBatch();
+}
+
+void Session::BeginBatch() {
+  database_->PlaceJournal();
+  database_->Run("BEGIN IMMEDIATE");
   database_->NextMoment();
   batch_ = true;
 }
@@ -122,6 +134,9 @@ void Session::BeforeRowWrite() {
 void Session::EndBatch() {
   if (!batch_) return;
   for (SessionUser* user : users_) user->BeforeCommit();
+  // Taken out first: a copy that fails is told once, and is not made.
+  if (const auto copy = std::exchange(putOff_, std::nullopt))
+    RowCopy(*database_, copy->Statement(), distinct_).Run();
   database_->NextMoment();
   if (database_->InTransaction()) {
     velmar::OperationObserver::Announce(velmar::Operation::kCommit, database_->Path());
@@ -139,6 +154,7 @@ void Session::EndBatch() {
 Translation Session::Translate(std::string_view text, bool* others) {
   bool named = false;
   const auto aliases = [&](const std::string& path, const std::string& password) {
+    EndBatch();  // The engine does not set the durability of a file that comes into a transaction.
     const std::string alias = attachments_.AliasFor(path, password);
     named = named || alias != "main";
     return alias;
@@ -155,9 +171,16 @@ Translation Session::Translate(std::string_view text, bool* others) {
 
 std::unique_ptr<Cursor> Session::Execute(std::string_view text, long* affected) {
   velmar::OperationObserver::Announce(velmar::Operation::kStatement, text);
-  EndBatch();
   const Attachments::Scope scope(attachments_);
-  const Translation translation = Translate(text);
+  bool others = false;
+  const Translation translation = Translate(text, &others);
+  if (putOff_ && TakeSourceInsteadOfCopy(translation)) return nullptr;
+  if (translation.kind == StatementKind::kUpdate && !others) {
+    BeforeRowWrite();
+  } else {
+    EndBatch();
+    database_->PlaceJournal();
+  }
   std::int64_t rows = 0;
   std::unique_ptr<Cursor> cursor;
   switch (translation.kind) {
@@ -167,6 +190,7 @@ std::unique_ptr<Cursor> Session::Execute(std::string_view text, long* affected) 
       break;
     case StatementKind::kSelectInto:
     case StatementKind::kInsertSelect:
+      if (PutOff(translation, affected != nullptr ? &rows : nullptr)) break;
       rows = RowCopy(*database_, translation, distinct_).Run();
       break;
     default:
@@ -174,6 +198,36 @@ std::unique_ptr<Cursor> Session::Execute(std::string_view text, long* affected) 
   }
   if (affected != nullptr) *affected = static_cast<long>(rows);
   return cursor;
+}
+
+/// False for all but the statements that are put off; rows, if given: how many the copy has.
+bool Session::PutOff(const Translation& translation, std::int64_t* rows) {
+  if (transaction_ || !database_->IsScratch() || !translation.distinctTable) return false;
+  BeginBatch();
+  putOff_ = PutOffCopy::Of(*database_, translation, distinct_);
+  if (!putOff_) {
+    EndBatch();
+  } else if (rows != nullptr) {
+    *rows = putOff_->RowCount();
+  }
+  return putOff_.has_value();
+}
+
+/// If the statement drops the source of the copy that is put off, the source becomes the copy.
+bool Session::TakeSourceInsteadOfCopy(const Translation& translation) {
+  if (translation.kind != StatementKind::kDropTable || translation.target->alias != "main" ||
+      !SameName(translation.target->table, putOff_->Source())) {
+    return false;
+  }
+  database_->NextMoment();
+  distinct_.Forget();
+  putOff_->TakeSource();
+  const auto copy = std::exchange(putOff_, std::nullopt);
+  // Asked for while nobody else can write to the file: what comes behind the copy is a change.
+  const std::int64_t othersChanges = database_->OthersChanges();
+  EndBatch();
+  if (copy->IsDistinct()) distinct_.Note(copy->Target(), othersChanges);
+  return true;
 }
 
 /// What is neither a SELECT nor a copy of rows; the number of rows that were written.

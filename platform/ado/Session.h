@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "platform/ado/Attachments.h"
 #include "platform/ado/Database.h"
 #include "platform/ado/DistinctMemory.h"
+#include "platform/ado/PutOffCopy.h"
 
 namespace velmar::jet {
 struct Translation;
@@ -21,10 +23,10 @@ class SessionUser;
 /// What an open connection is: its database, its transaction, and the place through which every statement
 /// goes.
 ///
-/// In a scratch database single updates are gathered in one transaction, the batch, since one commit a row
-/// would cost more than the work itself. Whatever else happens on the connection ends the batch first, and so
-/// do closing a recordset and closing the connection: nothing that Update has written is lost but by the
-/// death of the process.
+/// In a scratch database updates, of single rows and by statements, are gathered in one transaction, the
+/// batch, since their commits would cost more than the work itself. Whatever else happens on the connection
+/// ends the batch first, and so do closing a recordset and closing the connection: nothing that was written
+/// is lost but by the death of the process.
 class Session : public std::enable_shared_from_this<Session> {
  public:
   /// Opens the file and checks its password.
@@ -45,7 +47,7 @@ class Session : public std::enable_shared_from_this<Session> {
   void Commit();
   void Rollback();
 
-  /// To be called before a single row is written.
+  /// To be called before rows are updated.
   void BeforeRowWrite();
   void EndBatch();
   /// True while rows are gathered in the batch: nobody else writes to the file until it ends.
@@ -68,6 +70,9 @@ class Session : public std::enable_shared_from_this<Session> {
  private:
   explicit Session(const std::string& path);
   std::int64_t Run(const velmar::jet::Translation& translation);
+  void BeginBatch();
+  bool PutOff(const velmar::jet::Translation& translation, std::int64_t* rows);
+  bool TakeSourceInsteadOfCopy(const velmar::jet::Translation& translation);
 
   std::unique_ptr<Database> database_;
   Attachments attachments_;
@@ -75,6 +80,7 @@ class Session : public std::enable_shared_from_this<Session> {
   std::vector<SessionUser*> users_;
   bool transaction_ = false;
   bool batch_ = false;
+  std::optional<PutOffCopy> putOff_;  ///< only in the batch, as its last statement
 };
 
 }  // namespace ADODB

@@ -77,6 +77,21 @@ bool HasRowKeys(Database& database, const std::string& alias, const std::string&
                                        nullptr, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
+bool IsPlainTable(Database& database, const std::string& table) {
+  const Database::EngineAccess access(database);
+  std::vector<velmar::jet::OutputColumn> columns;
+  Statement list(database, "SELECT name, type FROM pragma_table_info(?1, 'main') ORDER BY cid");
+  list.Bind(1, table);
+  while (list.Step()) columns.push_back({std::string(list.Text(0)), std::string(list.Text(1))});
+  // The file holds the text of the definition without the name of the database.
+  std::string plain = velmar::jet::CreateTableText({"main", table, false, {}, {}, {}}, columns);
+  plain.replace(plain.find("main."), 5, "");
+  Statement definitions(database, "SELECT sql FROM main.sqlite_master WHERE lower(tbl_name) = lower(?1)");
+  definitions.Bind(1, table);
+  const bool only = definitions.Step() && definitions.Text(0) == plain;
+  return only && !definitions.Step();
+}
+
 std::optional<std::size_t> FindName(const std::vector<std::string>& names, std::string_view name) {
   const std::string folded = velmar::text::FoldCase(name);
   std::optional<std::size_t> found;

@@ -38,6 +38,10 @@ std::vector<std::string> ColumnNames(Database& database, const std::string& alia
 /// a column of that name hides it.
 bool HasRowKeys(Database& database, const std::string& alias, const std::string& table);
 
+/// True if a table of the main file is defined as this program defines one: columns that compare by JET, and
+/// neither keys nor indexes nor triggers.
+bool IsPlainTable(Database& database, const std::string& table);
+
 /// The position of a name in a list of names.
 std::optional<std::size_t> FindName(const std::vector<std::string>& names, std::string_view name);
 

@@ -108,20 +108,20 @@ TEST_F(Rows, ThatOthersHaveWrittenSinceAreReadAgain) {
       [&] { work_->CommitTrans(); },
       [&] { work_->RollbackTrans(); },
   };
-  const auto other = folder_.Open("W.mdb");
+  const auto change = [&](const std::string& sql) { folder_.Open("W.mdb")->Execute(sql); };
   for (int turn = 0; turn < 3; ++turn) {
     SCOPED_TRACE(turn);
     if (turn > 0) work_->BeginTrans();
     WriteUpTo(3);
     Account();
     ends[turn]();
-    other->Execute("UPDATE T SET Cuenta = 'otro' WHERE N = " + std::to_string(4 * turn + 5));
+    change("UPDATE T SET Cuenta = 'otro' WHERE N = " + std::to_string(4 * turn + 5));
     rows_.MoveNext();
     EXPECT_EQ(Account(), "otro");
   }
   rows_.MoveFirst();
   Account();
-  other->Execute("UPDATE T SET Cuenta = 'otro' WHERE N = 1");
+  change("UPDATE T SET Cuenta = 'otro' WHERE N = 1");
   rows_.MoveFirst();
   EXPECT_EQ(Account(), "otro");
 }

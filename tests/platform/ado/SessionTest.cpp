@@ -67,16 +67,21 @@ TEST(Session, GathersUpdatesOfAWorkFileAndLosesNone) {
   using Rows = std::unique_ptr<Recordset>;
   struct Case {
     const char* name;
-    void (*end)(std::shared_ptr<Connection>& connection, Rows& rows);
+    void (*end)(const TestFolder& folder, std::shared_ptr<Connection>& connection, Rows& rows);
   };
   const Case cases[] = {
-      {"recordset closed", [](auto&, Rows& rows) { rows->Close(); }},
-      {"connection closed", [](auto& connection, Rows&) { connection->Close(); }},
-      {"statement", [](auto& connection, Rows&) { connection->Execute("SELECT 1"); }},
-      {"failed statement", [](auto& connection, Rows&) { EXPECT_NE(FailureOf(*connection, "SELEC"), 0); }},
-      {"transaction begun", [](auto& connection, Rows&) { connection->BeginTrans(); }},
+      {"recordset closed", [](auto&, auto&, Rows& rows) { rows->Close(); }},
+      {"connection closed", [](auto&, auto& connection, Rows&) { connection->Close(); }},
+      {"statement", [](auto&, auto& connection, Rows&) { connection->Execute("SELECT 1"); }},
+      {"failed statement",
+       [](auto&, auto& connection, Rows&) { EXPECT_NE(FailureOf(*connection, "SELECT * FROM Nada"), 0); }},
+      {"another file's update",
+       [](const TestFolder& folder, auto& connection, Rows&) {
+         connection->Execute("UPDATE " + folder.In("B.mdb") + "T SET N = 0");
+       }},
+      {"transaction begun", [](auto&, auto& connection, Rows&) { connection->BeginTrans(); }},
       {"objects gone",
-       [](auto& connection, Rows& rows) {
+       [](auto&, auto& connection, Rows& rows) {
          rows.reset();
          connection.reset();
        }},
@@ -84,15 +89,42 @@ TEST(Session, GathersUpdatesOfAWorkFileAndLosesNone) {
   for (const Case& each : cases) {
     SCOPED_TRACE(each.name);
     const TestFolder folder;
+    folder.OpenNew("B.mdb")->Execute("CREATE TABLE T (N LONG)");
     auto connection = folder.OpenNew("A.mdb", kWorkFile);
     connection->Execute("SELECT 1 AS N INTO T FROM (SELECT 1 AS X) AS Y");
     auto rows = std::make_unique<Recordset>();
     rows->Open("SELECT * FROM T", connection, kOpenKeyset, kLockOptimistic, 512);
     rows->Update("n", 5);
+    connection->Execute("UPDATE T SET N = N + 2");
     EXPECT_EQ(RowsOf(*folder.Open("A.mdb"), "SELECT N FROM T"), "1");
     rows->AddNew({"N"}, {6});
-    each.end(connection, rows);
-    EXPECT_EQ(RowsOf(*folder.Open("A.mdb"), "SELECT N FROM T"), "5 / 6");
+    EXPECT_EQ(FailureOf(*connection, "UPDATE T SET Nada = 1"), velmar::kUnknownName);
+    each.end(folder, connection, rows);
+    EXPECT_EQ(RowsOf(*folder.Open("A.mdb"), "SELECT N FROM T"), "7 / 6");
+  }
+}
+
+TEST(Session, KeepsTheJournalOfASmallWorkFileInMemoryAndOthersBesideTheFile) {
+  struct Case {
+    const char* more;
+    int rows;
+    bool beside;
+  };
+  for (const auto& [more, rows, beside] :
+       {Case{kWorkFile, 10, false}, {kWorkFile, 20'000, true}, {"", 10, true}}) {
+    SCOPED_TRACE(std::string(more) + " " + std::to_string(rows));
+    const TestFolder folder;
+    const auto connection = folder.OpenNew("A.mdb", more);
+    connection->Execute("CREATE TABLE T (N LONG, Nombre TEXT)");
+    BulkInsert writer(*connection, "T", {"N", "Nombre"});
+    for (int row = 0; row < rows; ++row) writer.Row({row, std::string(1000, 'x')});
+    // Grown by this connection: it has to notice by itself.
+    connection->Execute("SELECT 1");
+    connection->BeginTrans();
+    connection->Execute("UPDATE T SET N = 1");
+    EXPECT_EQ(std::filesystem::exists(folder.File("A.mdb-journal")), beside);
+    connection->RollbackTrans();
+    EXPECT_EQ(RowsOf(*connection, "SELECT Max(N) FROM T"), std::to_string(rows - 1));
   }
 }
 
