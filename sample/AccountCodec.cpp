@@ -7,6 +7,13 @@ namespace velmar::sample {
 namespace {
 
 constexpr std::string_view kSubstitution = "4719260583";
+/// For each digit its place in the substitution.
+constexpr auto kPlaces = [] {
+  std::array<std::size_t, 10> places{};
+  for (std::size_t place = 0; place < places.size(); ++place)
+    places[static_cast<std::size_t>(kSubstitution[place] - '0')] = place;
+  return places;
+}();
 constexpr std::array<std::size_t, 7> kShifts = {3, 8, 1, 6, 9, 4, 2};
 
 bool IsDigit(char character) {
@@ -29,7 +36,7 @@ std::string AccountCodec::Decode(std::string_view stored) {
   std::string tail(stored);
   for (std::size_t i = 0; i < tail.size(); ++i) {
     if (!IsDigit(tail[i])) continue;
-    const std::size_t place = kSubstitution.find(tail[i]);
+    const std::size_t place = kPlaces[static_cast<std::size_t>(tail[i] - '0')];
     tail[i] = static_cast<char>('0' + (place + 10 - kShifts[i % kShifts.size()]) % 10);
   }
   return tail;

@@ -4,7 +4,7 @@
 
 namespace velmar::toolkit {
 
-/// The real time.
+/// The real time, to a few milliseconds.
 class SteadyClock : public Clock {
  public:
   std::chrono::nanoseconds Now() const override;
