@@ -174,6 +174,7 @@ std::unique_ptr<Cursor> Session::Execute(std::string_view text, long* affected) 
   const Attachments::Scope scope(attachments_);
   bool others = false;
   const Translation translation = Translate(text, &others);
+  if (affected != nullptr) *affected = 0;
   if (putOff_ && TakeSourceInsteadOfCopy(translation)) return nullptr;
   if (translation.kind == StatementKind::kUpdate && !others) {
     BeforeRowWrite();
@@ -204,12 +205,15 @@ std::unique_ptr<Cursor> Session::Execute(std::string_view text, long* affected) 
 bool Session::PutOff(const Translation& translation, std::int64_t* rows) {
   if (transaction_ || !database_->IsScratch() || !translation.distinctTable) return false;
   BeginBatch();
-  putOff_ = PutOffCopy::Of(*database_, translation, distinct_);
-  if (!putOff_) {
+  try {
+    auto copy = PutOffCopy::Of(*database_, translation, distinct_);
+    if (copy && rows != nullptr) *rows = copy->RowCount();
+    putOff_ = std::move(copy);
+  } catch (...) {
     EndBatch();
-  } else if (rows != nullptr) {
-    *rows = putOff_->RowCount();
+    throw;
   }
+  if (!putOff_) EndBatch();
   return putOff_.has_value();
 }
 
