@@ -13,14 +13,10 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
+constexpr const char* kNodesRoutine = "fillTablasExportacion ()";
+
 class CatalogueReader : public ::testing::Test, public NodeSink {
  protected:
-  void CreateTable() {
-    connection_->Execute(
-        "CREATE TABLE ExportacionCampos (IDCampo LONG, NombreInternoCampo TEXT(100), LiteralCampo TEXT(100), "
-        "CaracterValorCampo TEXT(1), LiteralCampoSELECT TEXT(255), LiteralCampoORDERBY TEXT(255), "
-        "LiteralCampoWHERE TEXT(255), IDTabla LONG, LiteralTabla TEXT(100))");
-  }
   /// A good row, but for one column where one is named.
   void Insert(const std::string& id, const std::string& column = {}, const std::string& value = {}) {
     connection_->Execute(
@@ -61,18 +57,27 @@ class CatalogueReader : public ::testing::Test, public NodeSink {
   };
 };
 
-TEST_F(CatalogueReader, LoadsInTheOrderOfTheNumbersUpToARowThatCannotBeRead) {
+TEST_F(CatalogueReader, ReadsFieldsAndNodesInOrderUpToARowThatCannotBeRead) {
   EXPECT_THAT(Load(), IsEmpty());
   EXPECT_THAT(Reported(), ::testing::StartsWith("LlenarColeccionCampos ()"));
-  CreateTable();
+  EXPECT_THAT(Nodes(), IsEmpty());
+  EXPECT_THAT(Reported(), ::testing::StartsWith(kNodesRoutine));
+  connection_->Execute(
+      "CREATE TABLE ExportacionCampos (IDCampo LONG, NombreInternoCampo TEXT(100), LiteralCampo TEXT(100), "
+      "CaracterValorCampo TEXT(1), LiteralCampoSELECT TEXT(255), LiteralCampoORDERBY TEXT(255), "
+      "LiteralCampoWHERE TEXT(255), IDTabla LONG, LiteralTabla TEXT(100))");
   Insert("32767", "CaracterValorCampo", "NULL");
   Insert("12");
-  Insert("-32768");
-  EXPECT_THAT(Load(), ElementsAre(-32768, 12, 32767));
+  Insert("40", "LiteralTabla", "'(COL) Colaboradores'");
+  Insert("-32768", "IDTabla", "5");
+  EXPECT_THAT(Load(), ElementsAre(-32768, 12, 40, 32767));
   EXPECT_EQ(FindField(fields_, 12).CaracterValorCampo(), "#");
   EXPECT_EQ(FindField(fields_, 32767).CaracterValorCampo(), "");
   EXPECT_THROW(FindField(fields_, 13), RuntimeError);
-  const std::array<const char*, 3> faults[] = {
+  EXPECT_THAT(Nodes(),
+              ElementsAre("begin", "(COL) Colaboradores=-3", "(REC) Recibos=-3", "(REC) Recibos=5", "end"));
+  EXPECT_EQ(Reported(), "");
+  const std::array<std::string, 3> faults[] = {
       {"LiteralCampo", "NULL", "Columna LiteralCampo "},
       {"IDTabla", "NULL", "Columna IDTabla "},
       {"IDTabla", "32768", "32768"},
@@ -83,24 +88,10 @@ TEST_F(CatalogueReader, LoadsInTheOrderOfTheNumbersUpToARowThatCannotBeRead) {
     Insert("20", column, value);
     EXPECT_THAT(Load(), ElementsAre(-32768, 12));
     EXPECT_THAT(Reported(), ::testing::HasSubstr(told));
+    EXPECT_EQ(Nodes().back(), "end");
+    EXPECT_EQ(Reported().starts_with(kNodesRoutine), column == "IDTabla");
     connection_->Execute("DELETE FROM ExportacionCampos WHERE IDCampo = 20");
   }
-}
-
-TEST_F(CatalogueReader, NodesAreThePairsOfNumberAndName) {
-  EXPECT_THAT(Nodes(), IsEmpty());
-  EXPECT_THAT(Reported(), ::testing::StartsWith("fillTablasExportacion ()"));
-  CreateTable();
-  Insert("1");
-  Insert("2", "LiteralTabla", "'(COL) Colaboradores'");
-  Insert("3", "LiteralTabla", "'(COL) Colaboradores'");
-  Insert("4", "IDTabla", "5");
-  EXPECT_THAT(Nodes(),
-              ElementsAre("begin", "(COL) Colaboradores=-3", "(REC) Recibos=-3", "(REC) Recibos=5", "end"));
-  EXPECT_EQ(Reported(), "");
-  Insert("5", "IDTabla", "40000");
-  EXPECT_EQ(Nodes().back(), "end");
-  EXPECT_THAT(Reported(), ::testing::HasSubstr("40000"));
 }
 
 }  // namespace

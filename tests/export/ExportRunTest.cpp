@@ -1,9 +1,11 @@
 #include "export/ExportRun.h"
 
-#include <freexl.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "export/TestOffice.h"
+#include "platform/excel/Workbook.h"
 #include "platform/files/FileLock.h"
 
 namespace velmar::testing {
@@ -14,12 +16,11 @@ using exporting::RunStage;
 
 constexpr const char* kCol = TestOffice::kCol;
 constexpr const char* kRec = "(REC) Recibos";
-const Names kOnlyDatabases{"Gestion.mdb", "Informes.mdb"};
-const Names kWithWorkbook{"Gestion.mdb", "Informes.mdb", "Salida.xls"};
+const FileNames kOnlyDatabases{"Gestion.mdb", "Informes.mdb"};
+const FileNames kWithWorkbook{"Gestion.mdb", "Informes.mdb", "Salida.xls"};
 const Names kFinishedBox{
     "64 ¡El proceso de exportación a una hoja de Microsoft Excel ha terminado correctamente!\r"
     "El asistente de exportación se cerrará automaticamente."};
-const Names kStagingFailedBox{"48 ¡Se ha producido un error en la sentencia sql de selección de registros"};
 const Names kNoDataBox{
     "48 ¡No se han seleccionado datos para la exportación!\rModifique algun dato en el filtro de selección."};
 
@@ -57,17 +58,13 @@ class RowCount : public ExportRun, public ::testing::WithParamInterface<std::siz
 TEST_P(RowCount, EveryRowStandsOnceInItsSheetInOrder) {
   office.AddPeople(static_cast<long>(GetParam()));
   ExpectExports();
-  const void* book = nullptr;
-  ASSERT_EQ(freexl_open(office.Path("Salida.xls").c_str(), &book), FREEXL_OK);
-  unsigned short number = 0;
+  Names names;
   for (const Table& sheet : sample::ReadWorkbook(office.Path("Salida.xls"))) {
     EXPECT_EQ(sheet[0], (Names{"Codigo", "Nombre", "CuentaBancaria", "FechaAlta"}));
-    EXPECT_EQ(sheet.size(), std::min<std::size_t>(64000, GetParam() - 64000U * number) + 1);
-    const char* name = nullptr;
-    freexl_get_worksheet_name(book, number, &name);
-    EXPECT_EQ(name, "Hoja" + std::to_string(++number));
+    EXPECT_EQ(sheet.size(), std::min<std::size_t>(64000, GetParam() - 64000 * names.size()) + 1);
+    names.push_back("Hoja" + std::to_string(names.size() + 1));
   }
-  freexl_close(book);
+  EXPECT_EQ(excel::Workbook(office.Path("Salida.xls")).SheetNames(), names);
 }
 
 INSTANTIATE_TEST_SUITE_P(Boundaries, RowCount,
@@ -76,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(Boundaries, RowCount,
 TEST_F(ExportRun, RefusedTargetLeavesAllAsItWas) {
   office.AddPeople(3);
   office.Touch({"Salida.xls", "Salida2.xls", "a1.xls", "Vista.xls", "~$Vista.xls", "ExportacionAux.mdb"});
-  const Names before = office.Files();
+  const FileNames before = office.Files();
   const std::pair<const char*, const char*> cases[] = {
       {"a?.xls", "caracteres"},
       {"*.xls", "caracteres"},
@@ -108,7 +105,7 @@ TEST_F(ExportRun, FilesOfAnotherWizardAreLeftAloneAndThoseOfEarlierRunsGo) {
   office.AddPeople(8001);
   office.Touch({"Salida.xls", "ExportacionAux.mdb", "exportacionexcel1.mdb", "Exportacion vieja.MDB"});
   auto other = files::FileLock::TryTake(office.Path("VelmarExportacion.lock"));
-  const Names before = office.Files();
+  const FileNames before = office.Files();
   EXPECT_EQ(office.Export(), kRefused);
   EXPECT_EQ(office.Files(), before);
   // Cancelled before it could be refused.
@@ -121,32 +118,25 @@ TEST_F(ExportRun, FilesOfAnotherWizardAreLeftAloneAndThoseOfEarlierRunsGo) {
   EXPECT_ANY_THROW(office.Run("SELECT * FROM ExportacionExcel"));
 }
 
-struct StagingFailure {
-  const char* node;
-  const char* column;
-  const char* filter;
-  const char* statement = "SELECT 1";
-};
-
-const StagingFailure kStagingFailures[] = {
-    {kCol, "Colaboradores.NIF", "{NIF} [Parecido a] `1´"},
-    {kCol, "Colaboradores.Nada", ""},
-    {kCol, "Colaboradores.Sexo", ""},  // cannot be recoded under another name
-    {kRec, "Recibos.Importe", "", "DROP TABLE RecibosPendientes"},
-    {"(MOD) Modelo182", "Modelo182Hacienda.Importe", "", "DROP TABLE TipoDonativos"},
-};
-
 TEST(ExportRunRows, StagingThatFailsIsToldAndLosesTheOldTargetOnly) {
-  for (const StagingFailure& failure : kStagingFailures) {
-    SCOPED_TRACE(failure.column);
+  const std::tuple<const char*, const char*, const char*, const char*> failures[] = {
+      {kCol, "Colaboradores.NIF", "{NIF} [Parecido a] `1´", "SELECT 1"},
+      {kCol, "Colaboradores.Nada", "", "SELECT 1"},
+      {kCol, "Colaboradores.Sexo", "", "SELECT 1"},  // cannot be recoded under another name
+      {kRec, "Recibos.Importe", "", "DROP TABLE RecibosPendientes"},
+      {"(MOD) Modelo182", "Modelo182Hacienda.Importe", "", "DROP TABLE TipoDonativos"},
+  };
+  for (const auto& [node, column, filter, statement] : failures) {
+    SCOPED_TRACE(column);
     TestOffice office;
     office.AddPeople(3);
-    office.Select(failure.node, failure.column, "Otro", failure.filter);
+    office.Select(node, column, "Otro", filter);
     office.Touch({"Salida.xls"});
     office.Run("INSERT INTO Modelo182Hacienda (codColaborador) VALUES (1)");
-    office.Run(failure.statement);
+    office.Run(statement);
     EXPECT_EQ(office.Export(), kStagingFailed);
-    EXPECT_EQ(office.Boxes(), kStagingFailedBox);
+    EXPECT_EQ(office.Boxes(),
+              Names{"48 ¡Se ha producido un error en la sentencia sql de selección de registros"});
     EXPECT_NE(office.run.Failure().Description(), "");
     EXPECT_FALSE(std::filesystem::exists(office.Path("Salida.xls")));
     EXPECT_EQ(office.Rows("SELECT codColaborador FROM Modelo182Hacienda"), Table{});

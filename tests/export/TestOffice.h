@@ -4,14 +4,17 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "catalogue/FieldLookup.h"
 #include "export/ExportRun.h"
+#include "platform/ado/BulkInsert.h"
 #include "platform/ado/Catalog.h"
 #include "platform/ado/Recordset.h"
 #include "platform/files/TemporaryFolder.h"
+#include "platform/toolkit/FakeClock.h"
 #include "platform/toolkit/MakeForm.h"
 #include "platform/toolkit/ScriptedToolkit.h"
 #include "sample/WorkbookReader.h"
@@ -21,6 +24,7 @@ namespace velmar::testing {
 
 using Names = std::vector<std::string>;
 using Table = std::vector<Names>;
+using FileNames = std::set<std::string>;
 
 class TestHost : public RecordingHost {
  public:
@@ -56,14 +60,6 @@ class TestCodec : public cCuentaCodec {
   /// Runs before a tail is decoded, with the number of tails decoded before.
   std::function<void(long)> onDecode;
   long decoded = 0;
-};
-
-/// Stands still unless it is moved.
-class TestClock : public toolkit::Clock {
- public:
-  std::chrono::nanoseconds Now() const override { return now; }
-
-  std::chrono::nanoseconds now{0};
 };
 
 /// The part of a window that an export needs.
@@ -126,15 +122,7 @@ class TestOffice {
   void Touch(const Names& names) const {
     for (const std::string& name : names) folder.Touch(subfolder + "/" + name);
   }
-  /// Names of the files there, sorted.
-  Names Files() const {
-    Names names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder / subfolder)) {
-      names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-  }
+  FileNames Files() const { return folder.Names(subfolder); }
 
   void Run(const std::string& sql) { host->main->Execute(sql); }
   /// All rows of a statement on the main database; NULL as empty text.
@@ -165,12 +153,10 @@ class TestOffice {
 
   /// Fills Colaboradores with so many rows: names, accounts and dates, of which some are empty.
   void AddPeople(long count) {
-    Run("INSERT INTO Colaboradores (IDColaborador) VALUES (1)");
-    for (long there = 1; there < count; there *= 2) {
-      const std::string next = "IDColaborador + " + std::to_string(there);
-      Run("INSERT INTO Colaboradores (IDColaborador) SELECT " + next + " FROM Colaboradores WHERE " + next +
-          " <= " + std::to_string(count));
-    }
+    ADODB::BulkInsert people(*host->main, "Colaboradores", {"IDColaborador"});
+    host->main->BeginTrans();
+    for (long id = 1; id <= count; ++id) people.Row({id});
+    host->main->CommitTrans();
     Run("UPDATE Colaboradores SET Nombre = IIf(IDColaborador Mod 3 = 0, 'Íñigo ', 'Ana ') & IDColaborador, "
         "Cuenta = IIf(IDColaborador Mod 7 = 0, NULL, IIf(IDColaborador Mod 11 = 0, '12345', (1000000000 + "
         "IDColaborador) & (123456 + IDColaborador))), FechaAlta = IIf(IDColaborador Mod 5 = 0, '//', '0' & "
@@ -226,7 +212,7 @@ class TestOffice {
   std::shared_ptr<CallLog> log = std::make_shared<CallLog>();
   std::shared_ptr<TestHost> host = std::make_shared<TestHost>("", "", log);
   std::shared_ptr<TestCodec> codec = std::make_shared<TestCodec>();
-  TestClock clock;
+  toolkit::FakeClock clock;
   toolkit::ScriptedToolkit toolkit{clock};
   std::shared_ptr<TestWindow> window = toolkit::MakeForm<TestWindow>(toolkit);
   Collection<cCampos> catalogue;

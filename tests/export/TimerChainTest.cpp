@@ -55,7 +55,7 @@ TEST_P(TimerChain, LaterBlocksRunInsideOneThatTakesLong) {
   office.SelectPeople();
   office.AddPeople(course.rows);
   office.codec->onDecode = [&](long decoded) {
-    if (course.slow.count(decoded) != 0) office.clock.now += 2000ms;
+    if (course.slow.count(decoded) != 0) office.clock.Advance(2000ms);
     if (decoded == 100) course.atHundred(office);
   };
   std::string notes;
@@ -71,7 +71,7 @@ TEST_P(TimerChain, LaterBlocksRunInsideOneThatTakesLong) {
   EXPECT_EQ(notes, course.notes);
   if (course.outcome == kCancelled) {
     EXPECT_LT(office.codec->decoded, 110) << "goes on although cancelled";
-    EXPECT_EQ(office.Files(), (Names{"Gestion.mdb", "Informes.mdb"}));
+    EXPECT_EQ(office.Files(), (FileNames{"Gestion.mdb", "Informes.mdb"}));
     return;
   }
   Table expected = office.ExpectedPeople();

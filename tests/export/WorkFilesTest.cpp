@@ -15,8 +15,8 @@ TEST(WorkFiles, SweepSparesTheHostsDatabasesAndKeepsOtherRunsOut) {
   const auto held = files.Reserve();
   files.RemoveAll();
   files.Remove("EXPORTACIONINFORMES.mdb");
-  EXPECT_EQ(office.Files(), (Names{"Exportacion enlace.mdb", "ExportacionInformes.mdb", "Gestion.mdb",
-                                   "VelmarExportacion.lock"}));
+  EXPECT_EQ(office.Files(), (FileNames{"Exportacion enlace.mdb", "ExportacionInformes.mdb", "Gestion.mdb",
+                                       "VelmarExportacion.lock"}));
   EXPECT_THROW(files.Reserve(), RuntimeError);
 }
 

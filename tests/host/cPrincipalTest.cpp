@@ -53,7 +53,6 @@ TEST_F(cPrincipalTest, CallsTheHostInTheOrderToldWhateverStepFails) {
     long states;
     Calls behind;  // between the call that failed and the window, which comes if anything does
   } cases[] = {
-      {kNone, 0, 0, {}},
       {0, kFailure, 0, {}},
       {2, kFailure, 10, {}},
       // There is no API object to report to yet, so the host gets the failure of that.
@@ -74,6 +73,7 @@ TEST_F(cPrincipalTest, CallsTheHostInTheOrderToldWhateverStepFails) {
     office_.log->FailAt(given.step);
     const auto leave = [this](toolkit::Form& form) {
       office_.log->Note("shown");
+      EXPECT_EQ(form.Caption(), "Exportación de datos a una hoja de Excel");
       form.UserClose();
     };
     EXPECT_EQ(given.step > 3 ? Call(leave) : Call(), given.failure);

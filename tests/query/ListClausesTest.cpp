@@ -1,7 +1,6 @@
 #include "query/ListClauses.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "query/TestCatalogue.h"
 

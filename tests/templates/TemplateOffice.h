@@ -12,14 +12,11 @@
 
 namespace velmar::testing {
 
-/// An open main database with the table of templates, and the two controls of a wizard.
+/// An open main database, and the two controls of a wizard.
 class TemplateOffice : public WizardOffice {
  public:
   TemplateOffice() {
     host->main->Open();
-    host->main->Execute(
-        "CREATE TABLE ExportacionPlantillas (Nombre TEXT(150), CodUsuario LONG, LiteralTabla TEXT(40), "
-        "IDCampo SHORT, LiteralCampo TEXT(60), OrdenCampo SHORT, FiltroCampo MEMO)");
     objHost = host;
     grid.Cols(3);
     grid.Rows(2);

@@ -74,8 +74,8 @@ TEST_F(FilterEditorTest, AssignsToTheCurrentRowAfterAQuestion) {
   EXPECT_THAT(Grid(), ElementsAre("(COL)|ciudad|=3", "(COL)|Nombre|=1"));
   office.toolkit.AlwaysAnswer(toolkit::kYes);
   Filter(Controls::kFilterAssign);
-  EXPECT_EQ(Box(), "");
   EXPECT_THAT(Grid(), ElementsAre("(COL)|ciudad|  `a´ ( ) =3", "(COL)|Nombre|=1"));
+  EXPECT_EQ(Box(), "");
   Type(" ");
   Filter(Controls::kFilterAssign);
   EXPECT_THAT(Grid(), ElementsAre("(COL)|ciudad| =3", "(COL)|Nombre|=1")) << "blanks, over another filter";
@@ -91,7 +91,6 @@ TEST_F(FilterEditorTest, ShowsAndRemovesTheFilterOfTheCurrentRow) {
   EXPECT_EQ(form->txtFiltro.SelStart(), 3);
   office.toolkit.Answer(toolkit::kNo);
   Filter(Controls::kFilterRemove);
-  EXPECT_EQ(Box(), "{ñ}");
   EXPECT_THAT(Grid(), ElementsAre("(COL)|ciudad|{ñ}=3", "(COL)|Nombre|=1"));
   office.toolkit.Answer(toolkit::kYes);
   ChooseMenu("Eliminar filtro");

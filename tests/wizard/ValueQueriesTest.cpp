@@ -26,8 +26,7 @@ class ValueQueriesTest : public ::testing::Test {
           "UPDATE TipoPagos SET Eliminado = True WHERE IDTipoPago = 1",
           "UPDATE Cuentas SET Eliminado = True WHERE IDCuenta = 2",
           "INSERT INTO Modelo182Hacienda (CodColaborador, Nombre, NIF, Provincia, TipoDonativo, Importe) "
-          "VALUES "
-          "(1, 'Ana', '1R', 'Soria', 'A', 12.5)",
+          "VALUES (1, 'Ana', '1R', 'Soria', 'A', 12.5)",
           "INSERT INTO Modelo182Hacienda (CodColaborador, Nombre) VALUES (2, '')"}) {
       office.main->Execute(change);
     }

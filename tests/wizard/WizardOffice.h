@@ -13,8 +13,8 @@
 
 namespace velmar::testing {
 
-/// A host with real databases: a catalogue of nine fields in four nodes in the main one. Its classes are
-/// registered as long as it lives; its connections are closed at first.
+/// A host with real databases: a catalogue of nine fields in four nodes and the table of templates in the
+/// main one. Its classes are registered as long as it lives; its connections are closed at first.
 class WizardOffice {
  public:
   static constexpr const char* kCol = "(COL) Colaboradores";
@@ -29,6 +29,9 @@ class WizardOffice {
         "CREATE TABLE ExportacionCampos (IDCampo LONG, NombreInternoCampo TEXT(100), LiteralCampo TEXT(100), "
         "CaracterValorCampo TEXT(1), LiteralCampoSELECT TEXT(255), LiteralCampoORDERBY TEXT(255), "
         "LiteralCampoWHERE TEXT(255), IDTabla LONG, LiteralTabla TEXT(100))");
+    main->Execute(
+        "CREATE TABLE ExportacionPlantillas (Nombre TEXT(150), CodUsuario LONG, LiteralTabla TEXT(40), "
+        "IDCampo SHORT, LiteralCampo TEXT(60), OrdenCampo SHORT, FiltroCampo MEMO)");
     const std::tuple<const char*, const char*, const char*, const char*> fields[] = {
         {"colaboradores.nombre", "Nombre", "1", kCol},    {"colaboradores.apellido1", "Apellidos", "1", kCol},
         {"colaboradores.poblacion", "ciudad", "1", kCol}, {"colaboradores.nuevo", "Árbol", "1", kCol},
@@ -48,8 +51,6 @@ class WizardOffice {
                                              }});
   }
   ~WizardOffice() { com::ClassRegistry::Instance().Unregister(kApiClass); }
-  WizardOffice(const WizardOffice&) = delete;
-  WizardOffice& operator=(const WizardOffice&) = delete;
 
   /// The texts of the boxes shown since the last call, each with its style and a "+" if a beep came right
   /// before it.

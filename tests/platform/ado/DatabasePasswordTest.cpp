@@ -35,7 +35,7 @@ TEST_F(DatabasePasswordTest, CanBeSetChangedAndRemoved) {
 
 TEST_F(DatabasePasswordTest, OneThatNoStatementCouldNameIsRefused) {
   EXPECT_EQ(FailureOf([&] { folder_.Create("B.mdb", Password("a]b")); }), velmar::kInvalidPropertyValue);
-  EXPECT_EQ(folder_.Names(), "A.mdb ");
+  EXPECT_EQ(folder_.Names(), std::set<std::string>{"A.mdb"});
   connection_->SetDatabasePassword("a[b");
   EXPECT_EQ(FailureOf([&] { connection_->SetDatabasePassword("a]b"); }), velmar::kInvalidPropertyValue);
   connection_->Execute("CREATE TABLE T (N LONG)");

@@ -31,17 +31,14 @@ TEST_F(EngineFailureTest, SaysWhatAndWhere) {
       {"INSERT INTO Falta SELECT N FROM T", velmar::kUnknownTable, "«Falta»", "Falta"},
       {"INSERT INTO T (ID, M) SELECT N, N FROM T", velmar::kUnknownName, "«M»"},
       {"INSERT INTO T (ID, N) SELECT N FROM T", velmar::kColumnCountMismatch, "(1)"},
-      {"INSERT INTO T SELECT N + 5 AS ID, 'x' AS Y FROM T", velmar::kColumnCountMismatch, "(2)"},
       {"INSERT INTO T VALUES (1, 2)", velmar::kColumnCountMismatch, ""},
       {"INSERT INTO T (ID, M) VALUES (1, 2)", velmar::kUnknownName, "«M»"},
-      {"INSERT INTO T VALUES (1, 'b', 2)", velmar::kDuplicateKey, "T.ID"},
       {"INSERT INTO T VALUES (2, 'A', 2)", velmar::kDuplicateKey, "T.Nombre"},
       {"INSERT INTO T (ID) VALUES (2)", velmar::kFieldRequired, "T.Nombre"},
       {"CREATE TABLE AÑO (N LONG)", velmar::kTableExists, "«AÑO»", "AÑO"},
       {"CREATE INDEX INombre ON T (N)", velmar::kTableExists, "INombre"},
       {"SELECT * INTO t FROM T", velmar::kTableExists, "«t»", "t"},
       {"SELECT N, N INTO U FROM T", velmar::kDuplicateOutput, "N"},
-      {"DROP TABLE Falta", velmar::kUnknownTable, "Falta"},
       {"SELECT N FROM T UNION SELECT N, ID FROM T", velmar::kQuerySyntax, "UNION"},
       {"SELECT N FROM T WHERE N = (SELECT N, ID FROM T)", velmar::kQuerySyntax, "subconsulta"},
       {"SELECT N FROM T ORDER BY 2", velmar::kQuerySyntax, "ORDER BY"},
@@ -110,7 +107,7 @@ TEST(EngineFailure, AWriteThatFailsChangesNothing) {
     connection->Close();
     EXPECT_EQ(folder.Read("A.mdb"), before);
     EXPECT_EQ(FailureOf(*folder.Open("B.mdb"), "SELECT * FROM U"), velmar::kUnknownTable);
-    EXPECT_EQ(folder.Names(), "A.mdb B.mdb ");
+    EXPECT_EQ(folder.Names(), (std::set<std::string>{"A.mdb", "B.mdb"}));
   }
 }
 
@@ -138,7 +135,7 @@ TEST_F(EngineFailureTest, WhatMayOnlyBeReadIsReadAndNotWritten) {
     std::filesystem::permissions(folder_.File(""), perms::all);
   }
   EXPECT_EQ(folder_.Read("A.mdb"), before);
-  EXPECT_EQ(folder_.Names(), "A.mdb ");
+  EXPECT_EQ(folder_.Names(), std::set<std::string>{"A.mdb"});
 }
 
 }  // namespace

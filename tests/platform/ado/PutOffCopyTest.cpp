@@ -22,7 +22,8 @@ struct WorkFile {
     work->Execute("CREATE TABLE T (Nombre TEXT(20), N LONG)");
     work->Execute("CREATE TABLE U (N LONG)");
     BulkInsert writer(*work, "T", {"Nombre", "N"});
-    for (const char* name : {"eva", "ana", "EVA", "leo"}) writer.Row({name, 1});
+    for (const char* name : {"x", "eva", "ana", "EVA", "leo"}) writer.Row({name, 1});
+    work->Execute("DELETE FROM T WHERE Nombre = 'x'");  // so that keys are no places
     rows.Open("SELECT * FROM T", work, kOpenKeyset, kLockOptimistic);
   }
 
@@ -56,67 +57,54 @@ TEST(PutOffCopy, IsTheTableItselfIfThatIsDroppedNext) {
     return RawDatabase(file.folder.File("W.mdb")).Rows("SELECT sql FROM sqlite_master WHERE name = 'Copia'");
   };
   const std::string taken = definition();
-  file.work->Execute("SELECT DISTINCT * INTO V FROM Copia");
-  file.work->Execute("SELECT 1");
-  file.work->Execute("DROP TABLE Copia");
-  file.work->Execute("SELECT DISTINCT * INTO Copia FROM V");
-  file.work->Execute("SELECT 1");
+  for (const char* next : {"SELECT DISTINCT * INTO V FROM Copia", "SELECT 1", "DROP TABLE Copia",
+                           "SELECT DISTINCT * INTO Copia FROM V", "SELECT 1"})
+    file.work->Execute(next);
   EXPECT_EQ(definition(), taken) << "as one that was copied";
 }
 
+void ExpectAfter(const std::function<void(WorkFile&)>& next, const char* source, const char* copy) {
+  SCOPED_TRACE(source);
+  WorkFile file;
+  file.work->Execute(kCopy);
+  next(file);
+  EXPECT_EQ(file.Outside("T"), source);
+  EXPECT_EQ(file.Outside("Copia"), copy);
+}
+
 TEST(PutOffCopy, IsMadeBeforeAnythingElseHappens) {
+  const std::function<void(WorkFile&)> keeping[] = {
+      [](WorkFile& file) { EXPECT_NE(FailureOf(*file.work, "DROP TABLE V"), 0); },
+      [](WorkFile& file) {
+        file.work->BeginTrans();
+        file.work->Execute("DROP TABLE T");
+        file.work->RollbackTrans();
+      },
+      [](WorkFile& file) {
+        file.rows.Close();
+        file.work.reset();
+      },
+  };
+  for (const auto& next : keeping) ExpectAfter(next, kAll, kDistinct);
+  ExpectAfter(
+      [](WorkFile& file) {
+        file.rows.Update("N", 3);
+        file.rows.Close();
+      },
+      "eva|3 / ana|1 / EVA|1 / leo|1", kDistinct);
   struct Case {
-    const char* what;
-    std::function<void(WorkFile&)> next;
+    std::vector<const char*> statements;
     const char* source;
     const char* copy = kDistinct;
   };
-  const auto run = [](const char* text) { return [text](WorkFile& file) { file.work->Execute(text); }; };
-  const Case cases[] = {
-      {"a row added", run("INSERT INTO T (Nombre, N) VALUES ('x', 2)"),
-       "eva|1 / ana|1 / EVA|1 / leo|1 / x|2"},
-      {"rows updated",
-       [](WorkFile& file) {
-         file.work->Execute("UPDATE T SET N = 2");
-         file.work->Close();
-       },
-       "eva|2 / ana|2 / EVA|2 / leo|2"},
-      {"a row updated through a recordset",
-       [](WorkFile& file) {
-         file.rows.Update("N", 3);
-         file.rows.Close();
-       },
-       "eva|3 / ana|1 / EVA|1 / leo|1"},
-      {"another table dropped, then the source",
-       [](WorkFile& file) {
-         file.work->Execute("DROP TABLE U");
-         file.work->Execute("DROP TABLE T");
-       },
-       "-"},
-      {"the copy dropped", run("DROP TABLE Copia"), kAll, "-"},
-      {"a statement that fails", [](WorkFile& file) { EXPECT_NE(FailureOf(*file.work, "DROP TABLE V"), 0); },
-       kAll},
-      {"the source dropped, and taken back",
-       [](WorkFile& file) {
-         file.work->BeginTrans();
-         file.work->Execute("DROP TABLE T");
-         file.work->RollbackTrans();
-       },
-       kAll},
-      {"the connection let go",
-       [](WorkFile& file) {
-         file.rows.Close();
-         file.work.reset();
-       },
-       kAll},
-  };
-  for (const Case& each : cases) {
-    SCOPED_TRACE(each.what);
-    WorkFile file;
-    file.work->Execute(kCopy);
-    each.next(file);
-    EXPECT_EQ(file.Outside("T"), each.source);
-    EXPECT_EQ(file.Outside("Copia"), each.copy);
+  for (const Case& each : {Case{{"INSERT INTO T VALUES ('x', 2)"}, "eva|1 / ana|1 / EVA|1 / leo|1 / x|2"},
+                           {{"UPDATE T SET N = 2", "SELECT 1"}, "eva|2 / ana|2 / EVA|2 / leo|2"},
+                           {{"DROP TABLE U", "DROP TABLE T"}, "-"},
+                           {{"DROP TABLE Copia"}, kAll, "-"}}) {
+    const auto run = [&each](WorkFile& file) {
+      for (const char* statement : each.statements) file.work->Execute(statement);
+    };
+    ExpectAfter(run, each.source, each.copy);
   }
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "platform/ado/BulkInsert.h"
 #include "platform/ado/TestFolder.h"
 
@@ -65,29 +67,23 @@ TEST(Session, AFailingStatementChangesNothing) {
 
 TEST(Session, GathersUpdatesOfAWorkFileAndLosesNone) {
   using Rows = std::unique_ptr<Recordset>;
-  struct Case {
-    const char* name;
-    void (*end)(const TestFolder& folder, std::shared_ptr<Connection>& connection, Rows& rows);
+  using End = void (*)(const TestFolder& folder, std::shared_ptr<Connection>& connection, Rows& rows);
+  const End ends[] = {
+      [](auto&, auto&, Rows& rows) { rows->Close(); },
+      [](auto&, auto& connection, Rows&) { connection->Close(); },
+      [](auto&, auto& connection, Rows&) { connection->Execute("SELECT 1"); },
+      [](auto&, auto& connection, Rows&) { EXPECT_NE(FailureOf(*connection, "SELECT * FROM Nada"), 0); },
+      [](const TestFolder& folder, auto& connection, Rows&) {
+        connection->Execute("UPDATE " + folder.In("B.mdb") + "T SET N = 0");
+      },
+      [](auto&, auto& connection, Rows&) { connection->BeginTrans(); },
+      [](auto&, auto& connection, Rows& rows) {
+        rows.reset();
+        connection.reset();
+      },
   };
-  const Case cases[] = {
-      {"recordset closed", [](auto&, auto&, Rows& rows) { rows->Close(); }},
-      {"connection closed", [](auto&, auto& connection, Rows&) { connection->Close(); }},
-      {"statement", [](auto&, auto& connection, Rows&) { connection->Execute("SELECT 1"); }},
-      {"failed statement",
-       [](auto&, auto& connection, Rows&) { EXPECT_NE(FailureOf(*connection, "SELECT * FROM Nada"), 0); }},
-      {"another file's update",
-       [](const TestFolder& folder, auto& connection, Rows&) {
-         connection->Execute("UPDATE " + folder.In("B.mdb") + "T SET N = 0");
-       }},
-      {"transaction begun", [](auto&, auto& connection, Rows&) { connection->BeginTrans(); }},
-      {"objects gone",
-       [](auto&, auto& connection, Rows& rows) {
-         rows.reset();
-         connection.reset();
-       }},
-  };
-  for (const Case& each : cases) {
-    SCOPED_TRACE(each.name);
+  for (const End& end : ends) {
+    SCOPED_TRACE(&end - ends);
     const TestFolder folder;
     folder.OpenNew("B.mdb")->Execute("CREATE TABLE T (N LONG)");
     auto connection = folder.OpenNew("A.mdb", kWorkFile);
@@ -99,19 +95,14 @@ TEST(Session, GathersUpdatesOfAWorkFileAndLosesNone) {
     EXPECT_EQ(RowsOf(*folder.Open("A.mdb"), "SELECT N FROM T"), "1");
     rows->AddNew({"N"}, {6});
     EXPECT_EQ(FailureOf(*connection, "UPDATE T SET Nada = 1"), velmar::kUnknownName);
-    each.end(folder, connection, rows);
+    end(folder, connection, rows);
     EXPECT_EQ(RowsOf(*folder.Open("A.mdb"), "SELECT N FROM T"), "7 / 6");
   }
 }
 
 TEST(Session, KeepsTheJournalOfASmallWorkFileInMemoryAndOthersBesideTheFile) {
-  struct Case {
-    const char* more;
-    int rows;
-    bool beside;
-  };
   for (const auto& [more, rows, beside] :
-       {Case{kWorkFile, 10, false}, {kWorkFile, 20'000, true}, {"", 10, true}}) {
+       {std::tuple(kWorkFile, 10, false), {kWorkFile, 20'000, true}, {"", 10, true}}) {
     SCOPED_TRACE(std::string(more) + " " + std::to_string(rows));
     const TestFolder folder;
     const auto connection = folder.OpenNew("A.mdb", more);

@@ -2,22 +2,20 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/ado/Catalog.h"
 #include "platform/ado/Connection.h"
 #include "platform/ado/Recordset.h"
-#include "platform/error/ErrorNumber.h"
-#include "platform/error/RuntimeError.h"
+#include "platform/error/Failure.h"
 #include "platform/files/TemporaryFolder.h"
 
 namespace ADODB {
+
+using velmar::FailureIn;
+using velmar::FailureOf;
 
 constexpr const char* kWorkFile = "Jet OLEDB:Scratch=True";
 
@@ -52,26 +50,6 @@ class TestFolder : public velmar::files::TemporaryFolder {
     Create(name, more);
     return Open(name, more);
   }
-
-  void Write(const std::string& name, std::string_view bytes) const {
-    std::ofstream(File(name), std::ios::binary) << bytes;
-  }
-
-  std::string Read(const std::string& name) const {
-    std::ifstream file(File(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
-  /// Names of all files, sorted, with a blank behind each.
-  std::string Names() const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(File("")))
-      names.push_back(entry.path().filename());
-    std::sort(names.begin(), names.end());
-    std::string text;
-    for (const std::string& name : names) text += name + " ";
-    return text;
-  }
 };
 
 /// The rows that are left in a recordset, as "a|b / c|d", with "Null" for Null.
@@ -89,22 +67,6 @@ inline std::string RowsOf(Recordset& recordset) {
 
 inline std::string RowsOf(Connection& connection, std::string_view select) {
   return RowsOf(*connection.Execute(select));
-}
-
-/// The failure that the action raises; its number is 0 if there is none.
-template <typename Action>
-velmar::RuntimeError FailureIn(Action&& action) {
-  try {
-    action();
-  } catch (const velmar::RuntimeError& error) {
-    return error;
-  }
-  return {0, "no failure", ""};
-}
-
-template <typename Action>
-long FailureOf(Action&& action) {
-  return FailureIn(action).Number();
 }
 
 inline long FailureOf(Connection& connection, std::string_view statement) {

@@ -1,5 +1,3 @@
-#include "platform/com/CHost.h"
-
 #include <dlfcn.h>
 #include <stddef.h>
 #include <stdint.h>
@@ -33,18 +31,18 @@ static void Find(void* library, const char* name, void* entry) {
   memcpy(entry, &found, sizeof found);
 }
 
+/* Loads the library, makes an object of the class through it and lets it go again.
+   0 if all went as it must, else the number of the step that did not. */
 int CHostRun(const char* path, const void* classId) {
   static const HostGuid unknownId = {0, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
   static const HostGuid factoryId = {1, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
   void* library = dlopen(path, RTLD_NOW | RTLD_LOCAL);
   if (library == NULL) return 1;
   GetClassObject getClassObject;
-  NoArguments canUnload, doRegister, unregister;
+  NoArguments canUnload;
   Find(library, "DllGetClassObject", &getClassObject);
   Find(library, "DllCanUnloadNow", &canUnload);
-  Find(library, "DllRegisterServer", &doRegister);
-  Find(library, "DllUnregisterServer", &unregister);
-  if (getClassObject == NULL || canUnload == NULL || doRegister == NULL || unregister == NULL) return 2;
+  if (getClassObject == NULL || canUnload == NULL) return 2;
   if (canUnload() != 0) return 3;
 
   HostFactory* factory = NULL;

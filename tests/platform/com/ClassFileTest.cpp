@@ -5,7 +5,7 @@
 
 #include <fstream>
 
-#include "platform/error/RuntimeError.h"
+#include "platform/error/Failure.h"
 #include "platform/files/TemporaryFolder.h"
 
 namespace velmar::com {
@@ -36,12 +36,8 @@ TEST_F(ClassFileTest, TellsWhatItCannotReadOrWrite) {
   folder.Touch("sub/clases.tsv");
   for (const char* line : {"A.cDos\tsin servidor", "A.cDos\tno es un identificador\t/opt/liba.so"}) {
     std::ofstream(file.Path()) << "A.cUno\t" << one.ToText() << "\t/opt/liba.so\n" << line << '\n';
-    try {
-      file.Entries();
-      ADD_FAILURE() << line;
-    } catch (const RuntimeError& error) {
-      EXPECT_THAT(error.Description(), testing::HasSubstr(file.Path() + "\": la línea 2"));
-    }
+    EXPECT_THAT(FailureIn([&] { file.Entries(); }).Description(),
+                testing::HasSubstr(file.Path() + "\": la línea 2"));
   }
   EXPECT_THROW(ClassFile("/proc/no/clases.tsv").Publish({"A.cUno", one, "x"}), RuntimeError);
 }

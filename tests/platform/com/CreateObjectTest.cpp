@@ -5,7 +5,6 @@
 #include <cstdlib>
 
 #include "platform/com/ClassRegistry.h"
-#include "platform/com/Greeter.h"
 #include "platform/error/RuntimeError.h"
 #include "platform/files/TemporaryFolder.h"
 
@@ -23,7 +22,7 @@ TEST(CreateObject, MakesANewObjectEachTimeOfTheClassRegisteredLast) {
   EXPECT_EQ(registry.Find(old), nullptr) << "another took its name";
   const auto first = CreateObject("velmarapi.cprincipal");
   EXPECT_NE(first, CreateObject(id));
-  EXPECT_THROW(Query<Greeter>(first), RuntimeError) << "it offers no such thing";
+  EXPECT_THROW(Query<ClassRegistry>(first), RuntimeError) << "it offers no such thing";
   registry.Unregister(id);
   EXPECT_THROW(CreateObject("VelmarApi.cPrincipal"), RuntimeError);
   unsetenv("XDG_DATA_HOME");

@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/controls/Failure.h"
 #include "platform/controls/FileChooser.h"
-#include "platform/error/ErrorNumber.h"
+#include "platform/error/Failure.h"
 
 namespace velmar::controls {
 namespace {

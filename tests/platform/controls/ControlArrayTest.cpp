@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/controls/CommandButton.h"
-#include "platform/controls/Failure.h"
+#include "platform/error/Failure.h"
 
 namespace velmar::controls {
 namespace {

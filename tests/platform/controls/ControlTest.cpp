@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/controls/Failure.h"
 #include "platform/controls/Frame.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/ListBox.h"
-#include "platform/error/ErrorNumber.h"
+#include "platform/error/Failure.h"
 
 namespace velmar::controls {
 namespace {

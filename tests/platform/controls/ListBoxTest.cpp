@@ -3,8 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/controls/Failure.h"
-#include "platform/error/ErrorNumber.h"
+#include "platform/error/Failure.h"
 
 namespace velmar::controls {
 namespace {

@@ -3,9 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/controls/Failure.h"
 #include "platform/controls/ListBox.h"
-#include "platform/error/ErrorNumber.h"
+#include "platform/error/Failure.h"
 
 namespace velmar::controls {
 namespace {
@@ -32,7 +31,7 @@ TEST(ListControl, TheChosenItemStaysChosenWhileOthersComeAndGo) {
   list.ListIndex(1);
   EXPECT_EQ(clicks, 1) << "a click comes with a new choice only";
   list.AddItem("x", 1);
-  list.RemoveItem(0);
+  list.RemoveItem(1);
   list.RemoveItem(2);
   EXPECT_EQ(list.Text(), "b");
   EXPECT_EQ(list.NewIndex(), -1);

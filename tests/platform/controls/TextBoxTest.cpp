@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/controls/Failure.h"
-#include "platform/error/ErrorNumber.h"
+#include "platform/error/Failure.h"
 
 namespace velmar::controls {
 namespace {

@@ -7,22 +7,12 @@
 #include <functional>
 #include <vector>
 
-#include "platform/error/ErrorNumber.h"
-#include "platform/error/RuntimeError.h"
+#include "platform/error/Failure.h"
 #include "platform/excel/NativeFileLayer.h"
 #include "platform/files/TemporaryFolder.h"
 
 namespace velmar::excel {
 namespace {
-
-void ExpectDenied(const std::function<void()>& action) {
-  try {
-    action();
-    ADD_FAILURE() << "not denied";
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.Number(), kPermissionDenied);
-  }
-}
 
 TEST(NativeFile, ANewFileAppearsWholeOrNotAtAll) {
   const files::TemporaryFolder folder;
@@ -44,7 +34,7 @@ TEST(NativeFile, ANewFileAppearsWholeOrNotAtAll) {
       EXPECT_FALSE(FileLayer::Native().Exists(path));
       file->Publish();
     }
-    ExpectDenied([&] { make()->Publish(); });
+    EXPECT_EQ(FailureOf([&] { make()->Publish(); }), kPermissionDenied);
     EXPECT_EQ(std::filesystem::file_size(path), 3U) << "must not replace a file";
     std::filesystem::remove(path);
     EXPECT_TRUE(folder.Empty());
@@ -57,7 +47,7 @@ TEST(NativeFile, OneWriterAtATime) {
   const auto first = FileLayer::Native().OpenForWriting(folder / "libro.xls");
   const auto second = FileLayer::Native().OpenForWriting(folder / "libro.xls");
   first->Lock();
-  ExpectDenied([&] { second->Lock(); });
+  EXPECT_EQ(FailureOf([&] { second->Lock(); }), kPermissionDenied);
 }
 
 }  // namespace

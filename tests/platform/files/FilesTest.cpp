@@ -2,21 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/error/ErrorNumber.h"
-#include "platform/error/RuntimeError.h"
+#include "platform/error/Failure.h"
 #include "platform/files/TemporaryFolder.h"
 
 namespace velmar::files {
 namespace {
-
-long FailureOfKill(const std::string& path) {
-  try {
-    Kill(path);
-  } catch (const RuntimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 TEST(Files, DirGivesTheFirstNameThatMatches) {
   const TemporaryFolder folder;
@@ -39,16 +29,16 @@ TEST(Files, KillDeletesExactlyWhatMatches) {
   Kill(folder / "Exportacion.xls");
   EXPECT_EQ(folder.Names(), (std::set<std::string>{"EXPORTACION.XLS", "ExportacionX.mdb", "Otros"}));
   EXPECT_TRUE(folder.Has("Otros/ExportacionAux.mdb"));
-  EXPECT_EQ(FailureOfKill(folder / "Exportacion*.mdb"), kFileNotFound);
+  EXPECT_EQ(FailureOf([&] { Kill(folder / "Exportacion*.mdb"); }), kFileNotFound);
 }
 
 TEST(Files, KillTellsWhatItCannotDelete) {
   const TemporaryFolder folder;
   for (const char* name : {"a1", "a2", "a3"}) folder.Touch(name);
   std::filesystem::permissions(folder / "a2", std::filesystem::perms::owner_read);
-  EXPECT_EQ(FailureOfKill(folder / "a*"), kPermissionDenied);
+  EXPECT_EQ(FailureOf([&] { Kill(folder / "a*"); }), kPermissionDenied);
   EXPECT_EQ(folder.Names(), std::set<std::string>{"a2"}) << "a read-only file is kept, the others go";
-  EXPECT_EQ(FailureOfKill("/proc/version"), kPermissionDenied);
+  EXPECT_EQ(FailureOf([&] { Kill("/proc/version"); }), kPermissionDenied);
 }
 
 }  // namespace

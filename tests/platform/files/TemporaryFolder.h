@@ -5,8 +5,10 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <set>
 #include <string>
+#include <string_view>
 
 namespace velmar::files {
 
@@ -29,15 +31,26 @@ class TemporaryFolder {
   std::string Path() const { return path_.string(); }
   std::string operator/(const std::string& name) const { return (path_ / name).string(); }
 
-  /// Makes an empty file, and its folders.
+  /// Makes a small file, and its folders.
   void Touch(const std::string& name) const {
     std::filesystem::create_directories((path_ / name).parent_path());
-    std::ofstream(path_ / name) << "x";
+    Write(name, "x");
   }
 
-  std::set<std::string> Names() const {
+  void Write(const std::string& name, std::string_view bytes) const {
+    std::ofstream(path_ / name, std::ios::binary) << bytes;
+  }
+  /// Nothing where there is no file.
+  std::string Read(const std::string& name) const {
+    if (!std::filesystem::is_regular_file(path_ / name)) return {};
+    std::ifstream file(path_ / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  /// Of all that stands in it, or in a folder below it.
+  std::set<std::string> Names(const std::string& below = {}) const {
     std::set<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(path_))
+    for (const auto& entry : std::filesystem::directory_iterator(path_ / below))
       names.insert(entry.path().filename());
     return names;
   }

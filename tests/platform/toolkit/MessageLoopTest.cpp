@@ -26,10 +26,6 @@ class MessageLoopTest : public testing::Test {
     return timer;
   }
 
-  long Millis() const {
-    return static_cast<long>(std::chrono::duration_cast<milliseconds>(loop.Now()).count());
-  }
-
   FakeClock clock;
   MessageLoop loop{clock};
   std::string log;
@@ -63,10 +59,10 @@ TEST_F(MessageLoopTest, ATimerEventInProgressIsNotEnteredAgainAndTheClockStaysRe
   const auto b = MakeTimer("b", 1000);
   a->Elapsed = [&] {
     log += "(";
-    const long before = Millis();
+    const auto before = loop.Now();
     clock.Advance(milliseconds(30));
     loop.DoEvents();
-    EXPECT_EQ(Millis(), before + 30);
+    EXPECT_EQ(loop.Now(), before + milliseconds(30));
     log += ")";
   };
   loop.DoEvents();
@@ -103,15 +99,15 @@ TEST_F(MessageLoopTest, PostedEventsComeBeforeIdleTimersWhoseWaitsTakeNoTimeButK
   loop.Post([&] { log += "2"; });
   loop.DoEvents();
   EXPECT_EQ(log, "12");
-  EXPECT_EQ(Millis(), 0) << "something was in progress";
+  EXPECT_EQ(loop.Now(), milliseconds(0)) << "something was in progress";
   loop.DoEvents();
   loop.DoEvents();
   EXPECT_EQ(log, "123b");
-  EXPECT_EQ(Millis(), 500);
+  EXPECT_EQ(loop.Now(), milliseconds(500));
   b->Enabled(false);
   loop.DoEvents();
   EXPECT_EQ(log, "123ba");
-  EXPECT_EQ(Millis(), 2000);
+  EXPECT_EQ(loop.Now(), milliseconds(2000));
 }
 
 TEST_F(MessageLoopTest, TheWindowSystemIsAskedNowAndThenAndBeforeTimeIsSkipped) {

@@ -22,18 +22,14 @@ TEST(ScriptedToolkit, AnswersQuestionsAndRecordsThem) {
   EXPECT_EQ(toolkit.MsgBox("¡Aviso!", 48, "Gestión"), kOk);
   toolkit.Answer(kCancel);
   EXPECT_THROW(toolkit.MsgBox("¿Sí?", 36, "Gestión"), RuntimeError) << "the box has no such button";
+  const controls::Menu menu("mnuEmergente");
+  toolkit.PopupMenu(menu);  // without an answer it is left alone
+  toolkit.AnswerMenu("Otra");
+  EXPECT_THROW(toolkit.PopupMenu(menu), RuntimeError) << "the menu has no such entry";
   const auto boxes = toolkit.Records(Record::Kind::kBox);
   ASSERT_EQ(boxes.size(), 6U);
   EXPECT_EQ(boxes[2].text, "¿Desea eliminar?");
   EXPECT_EQ(boxes[2].result, kYes);
-}
-
-TEST(ScriptedToolkit, AMenuWithoutTheEntryIsAnError) {
-  ScriptedToolkit toolkit;
-  const controls::Menu menu("mnuEmergente");
-  toolkit.PopupMenu(menu);  // without an answer it is left alone
-  toolkit.AnswerMenu("Otra");
-  EXPECT_THROW(toolkit.PopupMenu(menu), RuntimeError);
 }
 
 TEST(ScriptedToolkit, AWindowThatNobodyClosesIsAnErrorAndNoHang) {

@@ -28,7 +28,6 @@ TEST_F(FormWindows, ShowTheFormInTheMiddleOfTheScreenUntilItIsClosedByItsFrame) 
     window.close();
     EXPECT_FALSE(window.isVisible());
   });
-  events.clear();
   form->Show();
   EXPECT_EQ(events, "Load Activate Unload Unload ");
 }
@@ -49,7 +48,6 @@ TEST_F(FormWindows, TakeNoInputWhileTheFormIsDisabled) {
     EXPECT_EQ(window.line->text(), "b");
     window.close();
   });
-  events.clear();
   form->Show();
 }
 
@@ -71,7 +69,6 @@ TEST_F(FormWindows, StandOverOneAnother) {
   });
   Accept("frmUno");
   Accept("frmDos");
-  events.clear();
   form->Show();
   EXPECT_EQ(events, "Load Activate Load Activate Unload Closed Load Activate Unload Unload Closed ");
 }

@@ -17,6 +17,8 @@ class QtFixture : public ::testing::Test {
  protected:
   using Form = toolkit::TestForm;
 
+  QtFixture() { events.clear(); }
+
   /// What the user does in a form's window.
   void Accept(const std::string& name) {
     user.InWindow(name, [](QWidget& window) { Robot::Press(window, "Aceptar"); });

@@ -25,8 +25,6 @@ class Robot {
   using Action = std::function<void(QWidget& window)>;
 
   Robot() { Schedule(); }
-  Robot(const Robot&) = delete;
-  Robot& operator=(const Robot&) = delete;
   ~Robot() { EXPECT_TRUE(steps_.empty()) << "never came: " << (steps_.empty() ? "" : steps_.front().name); }
 
   void When(const std::string& name, Which which, Action action) {

@@ -1,8 +1,6 @@
 #include <QPixmap>
 
-#include "platform/controls/OptionGroup.h"
 #include "qt/views/CommandButtonView.h"
-#include "qt/views/OptionButtonView.h"
 #include "qt/views/ProgressBarView.h"
 #include "qt/views/ShownView.h"
 
@@ -19,27 +17,6 @@ TEST(CommandButtonViewTest, ShowsItsDrawingInTheColoursOfThePalette) {
     EXPECT_EQ(image.pixelColor(11, 11), QApplication::palette().color(group, QPalette::ButtonText));
     EXPECT_EQ(image.pixelColor(11, 20).alpha(), 0) << "it points upwards";
   }
-}
-
-TEST(OptionButtonViewTest, OneOfAGroupIsChosen) {
-  controls::OptionButton complete("opt", "Completa");
-  controls::OptionButton partial("opt", "Parcial");
-  controls::OptionGroup group;
-  group.Add(complete);
-  group.Add(partial);
-  ShownView shown;
-  const auto& completeView = shown.Add<OptionButtonView>(complete);
-  auto& partialView = shown.Add<OptionButtonView>(partial);
-  shown.Open();
-  complete.Value(true);
-  EXPECT_TRUE(completeView.isChecked());
-  for (int click = 0; click < 2; ++click) {
-    QTest::mouseClick(&partialView, Qt::LeftButton, {}, QPoint(8, partialView.height() / 2));
-    EXPECT_TRUE(partialView.isChecked() && partial.Value());
-    EXPECT_FALSE(completeView.isChecked());
-  }
-  QTest::keyClick(&partialView, Qt::Key_Down);
-  EXPECT_TRUE(completeView.isChecked() && complete.Value() && completeView.hasFocus());
 }
 
 TEST(ProgressBarViewTest, ShowsAnyRangeInThousandths) {

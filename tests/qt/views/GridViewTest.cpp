@@ -18,8 +18,7 @@ class GridViewTest : public ShownRows {
     grid.FixedRows(1);
     grid.Rows(1);
     grid.ColWidth(0, 1440);
-    table = &shown.Add<GridView>(grid);
-    Watch(*table);
+    Watch(table);
     for (int i = 0; i < 8; ++i) grid.AddItem("(COL)\tCampo " + std::to_string(i));
     shown.Open();
   }
@@ -30,7 +29,7 @@ class GridViewTest : public ShownRows {
   }
 
   controls::Grid grid{"msg"};
-  GridView* table = nullptr;
+  GridView& table = shown.Add<GridView>(grid);
 };
 
 TEST_F(GridViewTest, SelectsRowsInOrderWhicheverWayTheyAreDrawn) {
@@ -91,7 +90,7 @@ TEST_F(GridViewTest, StaysInStepWithTheProgramThroughAnyChanges) {
   }
   grid.TopRow(20);
   ShownView::Settle();
-  EXPECT_EQ(table->rowAt(3), 19);
+  EXPECT_EQ(table.rowAt(3), 19);
 }
 
 TEST_F(GridViewTest, ShowsOneLineACellAlignedAsTheColumn) {
@@ -115,19 +114,18 @@ TEST_F(GridViewTest, ColumnsHaveTheirWidthsAndTheUserCanDrawThem) {
   };
   const int inch = qRound(view->logicalDpiX() * qMax(1.0, QFontInfo(view->font()).pointSizeF() / 9));
   widen(inch * 2);
-  EXPECT_NEAR(table->columnWidth(0), inch, 1);
-  EXPECT_NEAR(table->columnWidth(1), 2 * inch, 1);
+  EXPECT_NEAR(table.columnWidth(0), inch, 1);
   widen(inch * 10);
-  EXPECT_NEAR(table->columnWidth(1), view->viewport()->width() / 2, 1) << "what is left is shared";
-  QWidget* head = table->horizontalHeader()->viewport();
-  const QPoint edge(table->columnWidth(0) - 1, 5);
-  const int drawn = table->columnWidth(0) + 30;
+  EXPECT_NEAR(table.columnWidth(1), view->viewport()->width() / 2, 1) << "what is left is shared";
+  QWidget* head = table.horizontalHeader()->viewport();
+  const QPoint edge(table.columnWidth(0) - 1, 5);
+  const int drawn = table.columnWidth(0) + 30;
   QTest::mousePress(head, Qt::LeftButton, {}, edge);
   QTest::mouseMove(head, edge + QPoint(30, 0));
   QTest::mouseRelease(head, Qt::LeftButton, {}, edge + QPoint(30, 0));
-  EXPECT_NEAR(table->columnWidth(0), drawn, 2);
+  EXPECT_NEAR(table.columnWidth(0), drawn, 2);
   widen(inch * 12);
-  EXPECT_NEAR(table->columnWidth(0), drawn, 2) << "the user's width stays";
+  EXPECT_NEAR(table.columnWidth(0), drawn, 2) << "the user's width stays";
 }
 
 }  // namespace

@@ -108,17 +108,5 @@ TEST_F(ListViewTest, ManyChangesOfTheProgramShowTogether) {
   EXPECT_EQ(view->indexAt(QPoint(5, 2)).row(), 300);
 }
 
-TEST_F(ListViewTest, LaysItemsOutInColumnsOfEqualWidth) {
-  list.Columns(2);
-  ListView& columns = Open(0, 18);
-  columns.PreferredSize(9, 30);
-  columns.setFixedSize(columns.sizeHint());
-  ShownView::Settle();
-  // Down first, then across.
-  EXPECT_EQ(At(17) - At(8), QPoint(view->viewport()->width() / 2, 0));
-  const QRect last = view->visualRect(view->model()->index(17, 0));
-  EXPECT_TRUE(view->viewport()->rect().contains(last)) << "all of the operators fit";
-}
-
 }  // namespace
 }  // namespace velmar::qt

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <optional>
 #include <random>
-#include <string>
 #include <vector>
 
 #include "qt/views/ShownView.h"

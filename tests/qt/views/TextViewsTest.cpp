@@ -15,8 +15,6 @@ class TextViewsTest : public ::testing::Test {
   void SetUp() override {
     area.MultiLine(true);
     line.MaxLength(10);
-    lineView = &shown.Add<TextLineView>(line);
-    areaView = &shown.Add<TextAreaView>(area);
     shown.Open();
   }
   // The text, where the selection starts and how long it is.
@@ -32,19 +30,18 @@ class TextViewsTest : public ::testing::Test {
   controls::TextBox line{"txtLinea"};
   controls::TextBox area{"txtTexto"};
   ShownView shown;
-  TextLineView* lineView = nullptr;
-  TextAreaView* areaView = nullptr;
+  TextLineView& lineView = shown.Add<TextLineView>(line);
+  TextAreaView& areaView = shown.Add<TextAreaView>(area);
 };
 
 TEST_F(TextViewsTest, TypingReachesTheBoxWithItsCaret) {
-  const std::pair<controls::TextBox*, QWidget*> kBoth[] = {{&line, lineView}, {&area, areaView}};
+  const std::pair<controls::TextBox*, QWidget*> kBoth[] = {{&line, &lineView}, {&area, &areaView}};
   for (const auto& [box, view] : kBoth) {
     SCOPED_TRACE(box->Name());
     view->setFocus();
     QTest::keyClicks(view, "ano");
     EXPECT_EQ(State(*box), "ano 3+0");
-    QTest::keyClick(view, Qt::Key_Left, Qt::ShiftModifier);
-    QTest::keyClick(view, Qt::Key_Left, Qt::ShiftModifier);
+    for (int i = 0; i < 2; ++i) QTest::keyClick(view, Qt::Key_Left, Qt::ShiftModifier);
     EXPECT_EQ(State(*box), "ano 1+2");
     QTest::keyClicks(view, "b");
     EXPECT_EQ(State(*box), "ab 2+0");
@@ -57,28 +54,28 @@ TEST_F(TextViewsTest, CaretsCountCharactersAndOutliveTheFocus) {
   area.Text("😀\r\na😀s");
   area.SelStart(4);
   area.SelLength(2);
-  EXPECT_EQ(areaView->textCursor().selectedText(), QString::fromUtf8("😀s"));
+  EXPECT_EQ(areaView.textCursor().selectedText(), QString::fromUtf8("😀s"));
   line.Text("😀a😀");
-  areaView->setFocus();
+  areaView.setFocus();
   // Into the line with the tab key: nothing is selected there that was not.
-  lineView->setFocus(Qt::TabFocusReason);
+  lineView.setFocus(Qt::TabFocusReason);
   EXPECT_EQ(State(line), "😀a😀 0+0");
-  QTest::keyClick(lineView, Qt::Key_End);
-  QTest::keyClick(lineView, Qt::Key_Left, Qt::ShiftModifier);
+  QTest::keyClick(&lineView, Qt::Key_End);
+  QTest::keyClick(&lineView, Qt::Key_Left, Qt::ShiftModifier);
   EXPECT_EQ(State(line), "😀a😀 2+1");
-  areaView->setFocus();
+  areaView.setFocus();
   EXPECT_EQ(State(area), "😀\r\na😀s 4+2");
 }
 
 TEST_F(TextViewsTest, PastedTextIsPlainAndKeepsTheBoxesRules) {
-  Paste(*areaView, "uno\ndos");
+  Paste(areaView, "uno\ndos");
   EXPECT_EQ(area.Text(), "uno\r\ndos");
-  Paste(*lineView, "uno\ndos");
+  Paste(lineView, "uno\ndos");
   EXPECT_EQ(line.Text(), "uno");
-  QTest::keyClick(lineView, Qt::Key_Left);
-  Paste(*lineView, "1234567890");
+  QTest::keyClick(&lineView, Qt::Key_Left);
+  Paste(lineView, "1234567890");
   EXPECT_EQ(State(line), "un1234567o 9+0");
-  EXPECT_EQ(lineView->text(), "un1234567o");
+  EXPECT_EQ(lineView.text(), "un1234567o");
 }
 
 TEST_F(TextViewsTest, KeysPassTheKeyEvent) {
@@ -88,16 +85,16 @@ TEST_F(TextViewsTest, KeysPassTheKeyEvent) {
     if (key == 'x') key = 0;
     if (key == 'y') key = 0xD1;
   };
-  areaView->setFocus();
-  QTest::keyClicks(areaView, "axyb");
-  QTest::keyClick(areaView, Qt::Key_Backspace);
-  QTest::keyClick(areaView, Qt::Key_Return);
+  areaView.setFocus();
+  QTest::keyClicks(&areaView, "axyb");
+  QTest::keyClick(&areaView, Qt::Key_Backspace);
+  QTest::keyClick(&areaView, Qt::Key_Return);
   EXPECT_EQ(keys, "axyb#") << "Enter is the window's";
   EXPECT_EQ(area.Text(), "aÑ");
   // Composed characters come from the input method.
   QInputMethodEvent composed("", {});
   composed.setCommitString("éx");
-  QApplication::sendEvent(areaView, &composed);
+  QApplication::sendEvent(&areaView, &composed);
   EXPECT_EQ(area.Text(), "aÑé");
 }
 

@@ -1,5 +1,7 @@
 #include "qt/windows/ValuesWindow.h"
 
+#include <QRadioButton>
+
 #include "qt/windows/ShownWizard.h"
 #include "wizard/frmDatos.h"
 
@@ -12,35 +14,43 @@ class ValuesWindowTest : public ShownWizard {
  protected:
   using User = std::function<void(Window, frmDatos&)>;
 
-  /// Opens the dialog for the first field with its button, and gives what comes back into the filter.
-  std::string Fetch(const User& user) {
+  /// Opens the dialog for the second and third field, and gives what the filter has become and its caret.
+  std::string Fetch(const User& user, bool byMenu = false) {
     Use([&](Window window) {
-      form->txtFiltro.Text("");
-      window.ClickRow(form->msgSeleccionados, 0);
+      form->txtFiltro.Text("{Año} = `valor1´");
+      form->txtFiltro.UserSetCaret(9, 6);
+      SelectRows(3, 2);
       UseDialog<frmDatos>("frmDatos", [&](Window dialog, frmDatos& datos) {
+        EXPECT_EQ(datos.mintIDCampo, 4);
         for (const char* value : {"Ávila", "Madrid", "Soria"}) datos.lstDatos.AddItem(value);
         user(dialog, datos);
-        EXPECT_FALSE(datos.Visible());
       });
-      window.Click(form->cmdVerDatos);
+      byMenu ? ChooseMenu("Ver datos del campo") : window.Click(form->cmdVerDatos);
     });
+    const std::string filter = form->txtFiltro.Text() + '|' + std::to_string(form->txtFiltro.SelStart());
     form->Load();
-    return form->txtFiltro.Text();
+    return filter;
   }
 };
 
 TEST_F(ValuesWindowTest, AValueIsTypedOrPickedOrLeft) {
+  const char* const left = "{Año} = `valor1´|9";
   const std::pair<User, const char*> kWays[] = {
-      {[](Window dialog, frmDatos&) { dialog.Press(Qt::Key_Return); }, "Lugo"},
-      {[](Window dialog, frmDatos&) { dialog.Press(Qt::Key_Escape); }, ""},
-      {[](Window dialog, frmDatos&) { dialog.Window().close(); }, ""},
-      {[](Window dialog, frmDatos& datos) { dialog.Click(datos.cmdDatos(frmDatos::kCancel)); }, ""},
+      {[](Window dialog, frmDatos&) { dialog.Press(Qt::Key_Return); }, "{Año} = `Lugo´|14"},
+      {[](Window dialog, frmDatos&) { dialog.Press(Qt::Key_Escape); }, left},
+      {[](Window dialog, frmDatos&) { dialog.Window().close(); }, left},
       {[](Window dialog, frmDatos& datos) {
-         dialog.Click(datos.optDatos(frmDatos::kPicked));
+         const auto& typed = dialog.View<QRadioButton>(datos.optDatos(frmDatos::kTyped));
+         for (int i = 0; i < 2; ++i) dialog.Click(datos.optDatos(frmDatos::kPicked));
+         EXPECT_FALSE(typed.isChecked());
+         // Round to the first and back.
+         dialog.Press(Qt::Key_Down);
+         EXPECT_TRUE(typed.isChecked() && typed.hasFocus());
+         dialog.Press(Qt::Key_Up);
          EXPECT_FALSE(dialog.View(datos.txtDatos).isEnabled());
          dialog.DoubleClickRow(datos.lstDatos, 1);
        },
-       "Madrid"},
+       "{Año} = `Madrid´|16"},
   };
   for (const auto& [leave, value] : kWays) {
     const auto user = [&leave = leave](Window dialog, frmDatos& datos) {
@@ -55,7 +65,7 @@ TEST_F(ValuesWindowTest, AValueIsTypedOrPickedOrLeft) {
 }
 
 TEST_F(ValuesWindowTest, TheProgressTakesThePlaceOfTheList) {
-  Fetch([&](Window dialog, frmDatos& datos) {
+  const auto user = [](Window dialog, frmDatos& datos) {
     const QSize before = dialog.Window().size();
     const QRect place = dialog.View(datos.lstDatos).geometry();
     datos.prgDatos.Visible(true);
@@ -64,8 +74,10 @@ TEST_F(ValuesWindowTest, TheProgressTakesThePlaceOfTheList) {
     dialog.Settle();
     EXPECT_TRUE(place.contains(dialog.View(datos.prgDatos).geometry()));
     EXPECT_EQ(dialog.Window().size(), before);
-    dialog.Press(Qt::Key_Escape);
-  });
+    datos.txtDatos.Text("x");
+    dialog.Press(Qt::Key_Return);
+  };
+  EXPECT_EQ(Fetch(user, true), "{Año} = `x´|11");
 }
 
 }  // namespace

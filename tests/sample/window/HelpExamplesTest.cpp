@@ -1,5 +1,5 @@
 #include <QRegularExpression>
-#include <QTextDocument>
+#include <QTextDocumentFragment>
 #include <algorithm>
 
 #include "sample/Catalogue.h"
@@ -14,27 +14,22 @@ namespace {
 const std::string kPage(*HelpTopic(kAssistantTopic));
 
 TEST(HelpExamples, EachIsAFilterThatExportsRows) {
-  const files::TemporaryFolder folder;
-  GeneratorOptions options = OptionsFor(folder.Path(), 400);
-  options.date = *ParseDate("2026-06-15");
-  DatabaseGenerator(options).Run();
+  const SampleDatabase office(400);
   SampleHost::Settings settings;
-  settings.folder = folder.Path();
+  settings.folder = office.folder.Path();
   // A filter, which names its field first, in a table's last cell.
   const QRegularExpression cell("<td>(\\(?\\{([^}]*)\\}[^\n]*)</td></tr>");
   int examples = 0;
   for (auto found = cell.globalMatch(QString::fromStdString(kPage)); found.hasNext(); ++examples) {
     const QRegularExpressionMatch match = found.next();
-    QTextDocument plain;
-    plain.setHtml(match.captured(1));
-    const std::string filter = plain.toPlainText().toStdString();
+    const std::string filter = QTextDocumentFragment::fromHtml(match.captured(1)).toPlainText().toStdString();
     const std::string literal = match.captured(2).toStdString();
     SCOPED_TRACE(filter);
     const auto field = std::find_if(Catalogue().begin(), Catalogue().end(),
                                     [&](const CatalogueField& known) { return known.literal == literal; });
     ASSERT_NE(field, Catalogue().end());
     EXPECT_NO_THROW(
-        WizardRun(settings).Export({{field->node, literal, filter, true}}, folder / "ejemplo.xls"));
+        WizardRun(settings).Export({{field->node, literal, filter, true}}, office.folder / "ejemplo.xls"));
   }
   EXPECT_GE(examples, 14);
 }

@@ -18,7 +18,6 @@ namespace velmar::sample {
 namespace {
 
 using testing::Robot;
-using Controls = wizard::ExportControls;
 
 TEST(MainWindows, ExportByMouseAndKeyboardAndTellWhatTheOfficeHoldsNow) {
   const SampleDatabase office(120);
@@ -43,17 +42,9 @@ TEST(MainWindows, ExportByMouseAndKeyboardAndTellWhatTheOfficeHoldsNow) {
 
   Robot user;
   user.InWindow("frmExportacion", [](QWidget& window) {
-    wizard::frmExportacion& form = OfficeUser::Wizard(window);
     OfficeUser::Take(window, "(COL) Colaboradores", "Código de colaborador");
     OfficeUser::Take(window, "(COL) Colaboradores", "Sexo");
-    OfficeUser::Click(window, form.txtFiltro);
-    QTest::keyClicks(QApplication::focusWidget(), "{Sexo} = `Mujer´");
-    form.msgSeleccionados.UserClick(2);
-    OfficeUser::Click(window, form.cmdFiltro(Controls::kFilterAssign));
-  });
-  user.InModal<qt::MessageBox>("the question", [](qt::MessageBox& box) { Robot::Press(box, "Sí"); });
-  user.InWindow("frmExportacion", [](QWidget& window) {
-    OfficeUser::Click(window, OfficeUser::Wizard(window).cmdExportar(Controls::kExport));
+    OfficeUser::Click(window, OfficeUser::Wizard(window).cmdExportar(wizard::ExportControls::kExport));
   });
   user.InModal<qt::SaveDialog>("the file dialog", [&](qt::SaveDialog& dialog) {
     dialog.setDirectory(QString::fromStdString(settings.folder));
@@ -68,9 +59,8 @@ TEST(MainWindows, ExportByMouseAndKeyboardAndTellWhatTheOfficeHoldsNow) {
   Robot::Press(main, "Asistente de exportación…");
 
   const auto sheets = ReadWorkbook(file);
-  ASSERT_EQ(sheets.size(), 1U);
-  ASSERT_GT(sheets[0].size(), 10U);
-  for (std::size_t row = 1; row < sheets[0].size(); ++row) EXPECT_EQ(sheets[0][row][1], "Mujer");
+  EXPECT_EQ(sheets.at(0).size(), 121U);
+  EXPECT_EQ(sheets.at(0).at(0), (std::vector<std::string>{"IDColaborador", "Sexo"}));
   EXPECT_TRUE(tells(file));
   EXPECT_TRUE(openFolder->isEnabled());
   EXPECT_EQ(templates->text(), "5");
