@@ -233,6 +233,12 @@ TEST_F(WorkbookTest, RefusesAWorkbookThatIsNoLongerItsOwn) {
     EXPECT_EQ(number, Content() == bad ? kWorkbookFormat : 0L);
   }
   EXPECT_GT(refused, 80);
+  // The last rows go into the next statement's first sector: a damage must not go with them.
+  std::string bad = good;
+  const std::string lastNumber("\x7E\x02\x0A\x00\x03\x00\x00\x00", 8);  // RK, row 3, column 0
+  bad.at(good.find(lastNumber) + lastNumber.size() + 2) ^= 4;
+  Put(bad);
+  ExpectRefused(kWorkbookFormat, [&] { book_.AppendTo("Hoja1", 2); });
 }
 
 TEST_F(WorkbookTest, NoticesAChangeBetweenStartAndCommit) {
