@@ -58,6 +58,10 @@ TEST_F(AttachmentsTest, RefusesAndWritesNothing) {
     EXPECT_EQ(FailureOf(*connection_, "SELECT * INTO " + folder_.In(file) + "Nueva FROM T"), number);
     EXPECT_EQ(FailureOf(*connection_, "SELECT N FROM " + folder_.In(file) + "T"), number);
   }
+  // Whatever is refused is let go: the engine has room for ten.
+  for (int i = 0; i < 11; ++i)
+    EXPECT_EQ(FailureOf(*connection_, "SELECT N FROM " + folder_.In("Clave.mdb") + "T"),
+              velmar::kWrongPassword);
   EXPECT_EQ(folder_.Read("Clave.mdb"), before);
   EXPECT_EQ(folder_.Names(), (std::set<std::string>{"A.mdb", "Clave.mdb", "Texto.mdb"}));
 }
