@@ -27,13 +27,19 @@ class Office {
 
   /// Rows of a database of the folder, read by the engine alone. Throws std::runtime_error if it cannot be
   /// read.
-  Tables Rows(const std::string& database) const;
+  Tables Rows(const std::string& database) const { return StateOf(database).rows; }
   /// What the engine's own check says of the database; "ok" if all is well.
-  std::string Integrity(const std::string& database) const;
+  std::string Integrity(const std::string& database) const { return StateOf(database).integrity; }
   /// The names in the folder, hidden ones too, but for the databases.
   std::vector<std::string> Others() const;
 
  private:
+  struct State {
+    std::string integrity;
+    Tables rows;
+  };
+  const State& StateOf(const std::string& database) const;
+
   std::string folder_;
 };
 

@@ -16,7 +16,7 @@ class Database;
 class DistinctMemory;
 
 /// The rows of a table that repeat an earlier one, as the engine's DISTINCT would find them, at the cost of
-/// 24 bytes a row instead of a sorted copy of all rows.
+/// 32 bytes a row instead of a sorted copy of all rows.
 class RepeatedRows {
  public:
   /// Nothing unless the translation is DISTINCT of one whole table whose texts compare by JET or by bytes and
