@@ -26,7 +26,7 @@ class PutOffCopy {
   std::int64_t RowCount() const;
   const std::string& Source() const noexcept { return source_; }
   const std::string& Target() const noexcept { return translation_.target->table; }
-  const velmar::jet::Translation& Statement() const noexcept { return translation_; }
+  const velmar::jet::Translation& Translated() const noexcept { return translation_; }
 
   /// Makes the table the copy, all or nothing.
   void TakeSource() const;

@@ -134,9 +134,9 @@ void Session::BeginBatch() {
 void Session::EndBatch() {
   if (!batch_) return;
   for (SessionUser* user : users_) user->BeforeCommit();
-  // Taken out first: a copy that fails is told once, and is not made.
+  // Taken out first: a copy that fails is told once, and is not made. Few are made, so it searches again.
   if (const auto copy = std::exchange(putOff_, std::nullopt))
-    RowCopy(*database_, copy->Statement(), distinct_).Run();
+    RowCopy(*database_, copy->Translated(), distinct_).Run();
   database_->NextMoment();
   if (database_->InTransaction()) {
     velmar::OperationObserver::Announce(velmar::Operation::kCommit, database_->Path());
