@@ -96,7 +96,7 @@ class Ballast {
 /// All on one small disk with so many bytes free, then with room enough.
 Complaints OnSmallDisk(const Scenario& scenario, const Office& original, std::uintmax_t bytes) {
   const std::string disk = MakeFolder();
-  if (!EnterOwnNamespace() || !MountSmall(disk, 64 * 1024)) {
+  if (!EnterOwnNamespace() || !MountSmall(disk, 64L * 1024)) {
     fs::remove(disk);
     return {kSkipped};
   }
@@ -395,13 +395,14 @@ Findings AwkwardPlaces(const Scenario& scenario, const Office& original) {
   add("target locked", [&] { return TargetInUse(scenario, original, LockWhole); });
   add("target with a locked record", [&] { return TargetInUse(scenario, original, LockRecord); });
   add("target open in an office program", [&] { return TargetInUse(scenario, original, OwnersFile); });
-  for (const auto& [name, refusal] : {std::pair{"con corchete]", "]"},
-                                      {"con [corchete", ""},
-                                      {"d'Ana; pwd =x", ""},
-                                      {"Ana;pwd=x", ";pwd="},
-                                      {"recibos, cobros e idrecibo select", ""},
-                                      {"100% Ñandú #1 «ó»", ""}}) {
-    add(std::string("databases in ") + name, [&] { return InFolder(scenario, original, name, refusal); });
+  for (const auto& folder : {std::pair{"con corchete]", "]"},
+                             {"con [corchete", ""},
+                             {"d'Ana; pwd =x", ""},
+                             {"Ana;pwd=x", ";pwd="},
+                             {"recibos, cobros e idrecibo select", ""},
+                             {"100% Ñandú #1 «ó»", ""}}) {
+    add(std::string("databases in ") + folder.first,
+        [&] { return InFolder(scenario, original, folder.first, folder.second); });
   }
   using Target = std::function<std::string(const Office&)>;
   const std::pair<Target, std::string> targets[] = {
@@ -420,9 +421,9 @@ Findings AwkwardPlaces(const Scenario& scenario, const Office& original) {
       {[](const Office& office) { return office.Path("Ana, 50% d'ñ.xls"); }, ""},
       {[](const Office& office) { return office.Path(std::string(300, 'n') + ".xls"); }, "largo"},
   };
-  for (const auto& [target, refusal] : targets) {
-    add("target " + fs::path(target(original)).filename().string(),
-        [&] { return WithTarget(scenario, original, target, refusal); });
+  for (const auto& target : targets) {
+    add("target " + fs::path(target.first(original)).filename().string(),
+        [&] { return WithTarget(scenario, original, target.first, target.second); });
   }
   fs::remove(original.Path("Carpeta.xls"));
   add("locked main database", [&] { return LockedDatabase(scenario, original, "Gestion.mdb"); });

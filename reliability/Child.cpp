@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <fstream>
 #include <stdexcept>
@@ -48,13 +49,12 @@ Child::Child(const std::function<std::vector<std::string>(Child& self)>& work) {
     return;
   }
   alarm(kLongest);
-  std::string text;
   try {
-    for (const std::string& complaint : work(*this)) text += complaint + '\n';
+    for (const std::string& complaint : work(*this)) Report(complaint);
   } catch (const std::exception& failure) {
-    text = std::string("exception: ") + failure.what() + '\n';
+    Report(std::string("exception: ") + failure.what());
   }
-  WriteAll(result_[1], text + "end\n");
+  Report("end");
   _exit(0);
 }
 
@@ -71,6 +71,11 @@ void Child::Pause() {
   WriteAll(fromChild_[1], "p");
   char byte = 0;
   if (read(toChild_[0], &byte, 1) != 1) _exit(1);
+}
+
+void Child::Report(std::string line) {
+  std::replace(line.begin(), line.end(), '\n', ' ');
+  WriteAll(result_[1], line + '\n');
 }
 
 bool Child::WaitForPause() {

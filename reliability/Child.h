@@ -21,11 +21,13 @@ class Child {
 
   /// In the child: tells the parent that it has come here, and waits until it may go on.
   void Pause();
+  /// In the child: a line for `Finish`, which is kept even if the child is ended before it gives its result.
+  void Report(std::string line);
   /// In the parent: waits until the child pauses. False if it has ended instead.
   bool WaitForPause();
   void GoOn();
   void Kill();
-  /// Waits for its end and gives what it has found wrong.
+  /// Waits for its end and gives what it has reported, what it has found wrong and, last, that it was ended.
   std::vector<std::string> Finish();
 
  private:

@@ -81,7 +81,8 @@ void Scenario::CheckTables(const Office& office, const char* database, const Tab
   Tables all = before;
   all.insert(after.begin(), after.end());
   all.insert(now.begin(), now.end());
-  for (const auto& [table, ignored] : all) {
+  for (const auto& entry : all) {
+    const std::string& table = entry.first;
     const auto same = [&](const Tables& state) {
       const auto there = now.find(table);
       const auto expected = state.find(table);

@@ -2,7 +2,10 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
+#include <functional>
+#include <memory>
 #include <numeric>
 #include <thread>
 
@@ -13,28 +16,85 @@ namespace {
 
 constexpr unsigned kLongestRun = 600;  // seconds
 
-void Note(Findings& findings, const std::string& where, const std::vector<std::string>& complaints) {
-  for (const std::string& complaint : complaints) findings.complaints.push_back(where + ": " + complaint);
+// What a case reports of itself, each on a line. No letters: with one begins what is said of the process.
+constexpr char kBegins = '>';
+constexpr char kSucceeded = '+';
+constexpr char kTold = '-';
+constexpr char kWrong = '!';
+
+/// How a process of its own tells what becomes of its cases.
+class Reporter {
+ public:
+  explicit Reporter(Child& child) : child_(child) {}
+  void Begin(long point) { child_.Report(kBegins + std::to_string(point)); }
+  void Succeeded() { child_.Report({kSucceeded}); }
+  void Told() { child_.Report({kTold}); }
+  void Wrong(const std::string& where, const std::vector<std::string>& complaints) {
+    for (const std::string& complaint : complaints) child_.Report(kWrong + where + ": " + complaint);
+  }
+
+ private:
+  Child& child_;
+};
+
+using Case = std::function<void(Office& office, long point, Reporter& report)>;
+
+void Read(const std::vector<std::string>& lines, Findings& findings) {
+  std::string last = "the beginning";
+  for (const std::string& line : lines) {
+    switch (line.front()) {
+      case kBegins:
+        ++findings.cases;
+        last = line.substr(1);
+        break;
+      case kSucceeded:
+        ++findings.succeeded;
+        break;
+      case kTold:
+        ++findings.told;
+        break;
+      case kWrong:
+        findings.complaints.push_back(line.substr(1));
+        break;
+      default:  // its process has ended here, and with it the cases behind this one
+        findings.complaints.push_back("point " + last + ": " + line);
+    }
+  }
+}
+
+/// Runs the case at each of the points, with as many processes side by side as there are processors. A run
+/// that does not end is ended, with its process, by an alarm.
+Findings AtEach(const std::vector<long>& points, const Office& original, const Case& work) {
+  const std::size_t shares =
+      std::min<std::size_t>(points.size(), std::max(1U, std::thread::hardware_concurrency()));
+  std::vector<std::unique_ptr<Child>> children;
+  // Made here: a process that is ended would leave its own.
+  std::vector<std::unique_ptr<Office>> offices;
+  for (std::size_t share = 0; share < shares; ++share) {
+    Office& office = *offices.emplace_back(std::make_unique<Office>(original));
+    children.push_back(std::make_unique<Child>([&, share](Child& self) {
+      Reporter report(self);
+      for (std::size_t i = share; i < points.size(); i += shares) {
+        alarm(kLongestRun);
+        report.Begin(points[i]);
+        work(office, points[i], report);
+      }
+      return std::vector<std::string>();
+    }));
+  }
+  Findings findings;
+  for (const auto& child : children) Read(child->Finish(), findings);
+  return findings;
 }
 
 void AfterKill(const Scenario& scenario, const Office& office, const std::string& where, bool ended,
-               Findings& findings) {
-  ++findings.cases;
-  if (ended) ++findings.succeeded;
-  Note(findings, where, scenario.ComplaintsOfData(office));
-  Note(findings, where, scenario.ComplaintsOfNextRun(office));
+               Reporter& report) {
+  if (ended) report.Succeeded();
+  report.Wrong(where, scenario.ComplaintsOfData(office));
+  report.Wrong(where, scenario.ComplaintsOfNextRun(office));
 }
 
 }  // namespace
-
-Findings& Findings::operator+=(const Findings& other) {
-  cases += other.cases;
-  succeeded += other.succeeded;
-  told += other.told;
-  complaints.insert(complaints.end(), other.complaints.begin(), other.complaints.end());
-  skipped.insert(skipped.end(), other.skipped.begin(), other.skipped.end());
-  return *this;
-}
 
 std::vector<long> AllOf(const Scenario& scenario) {
   std::vector<long> numbers(static_cast<std::size_t>(scenario.Operations()));
@@ -52,10 +112,7 @@ std::vector<long> Spread(const std::vector<long>& numbers, std::size_t points) {
 
 Findings SweepFaults(const Scenario& scenario, const Office& original, Faults::Kind kind,
                      const std::vector<long>& operations) {
-  Findings findings;
-  Office office(original);
-  for (const long k : operations) {
-    alarm(kLongestRun);
+  return AtEach(operations, original, [&](Office& office, long k, Reporter& report) {
     scenario.Prepare(office);
     Faults faults(Scenario::Target(office), kind, k);
     Seen seen;
@@ -63,22 +120,17 @@ Findings SweepFaults(const Scenario& scenario, const Office& original, Faults::K
       const OperationObserver::Scope scope(faults);
       seen = scenario.Run(office);
     }
-    ++findings.cases;
-    (seen.success ? findings.succeeded : findings.told) += 1;
+    seen.success ? report.Succeeded() : report.Told();
     const std::string where = "operation " + std::to_string(k) +
                               (kind == Faults::Kind::kOnce ? "" : " and all behind it") + " (" +
                               faults.Failed() + ") -> " + seen.Text();
-    Note(findings, where, scenario.Complaints(office, seen, faults));
-    Note(findings, where, scenario.ComplaintsOfNextRun(office));
-    alarm(0);
-  }
-  return findings;
+    report.Wrong(where, scenario.Complaints(office, seen, faults));
+    report.Wrong(where, scenario.ComplaintsOfNextRun(office));
+  });
 }
 
 Findings SweepKills(const Scenario& scenario, const Office& original, const std::vector<long>& operations) {
-  Findings findings;
-  Office office(original);
-  for (const long k : operations) {
+  return AtEach(operations, original, [&](Office& office, long k, Reporter& report) {
     scenario.Prepare(office);
     const bool ended = InChild([&] {
                          Faults faults(Scenario::Target(office), Faults::Kind::kKill, k);
@@ -86,16 +138,14 @@ Findings SweepKills(const Scenario& scenario, const Office& original, const std:
                          scenario.Run(office);
                          return std::vector<std::string>();
                        }).empty();
-    AfterKill(scenario, office, "killed at operation " + std::to_string(k), ended, findings);
-  }
-  return findings;
+    AfterKill(scenario, office, "killed at operation " + std::to_string(k), ended, report);
+  });
 }
 
 Findings SweepKillsByTime(const Scenario& scenario, const Office& original, long points) {
-  Findings findings;
-  Office office(original);
-  for (long point = 0; point < points; ++point) {
-    const auto microseconds = (point + 1) * scenario.Microseconds() / points;
+  std::vector<long> moments;
+  for (long point = 1; point <= points; ++point) moments.push_back(point * scenario.Microseconds() / points);
+  return AtEach(moments, original, [&](Office& office, long microseconds, Reporter& report) {
     scenario.Prepare(office);
     Child child([&](Child&) {
       scenario.Run(office);
@@ -104,9 +154,8 @@ Findings SweepKillsByTime(const Scenario& scenario, const Office& original, long
     std::this_thread::sleep_for(std::chrono::microseconds(microseconds));
     child.Kill();
     const bool ended = child.Finish().empty();
-    AfterKill(scenario, office, "killed after " + std::to_string(microseconds) + " µs", ended, findings);
-  }
-  return findings;
+    AfterKill(scenario, office, "killed after " + std::to_string(microseconds) + " µs", ended, report);
+  });
 }
 
 }  // namespace velmar::reliability

@@ -14,12 +14,10 @@ struct Findings {
   long told = 0;       ///< told a failure
   std::vector<std::string> complaints;
   std::vector<std::string> skipped;  ///< cases that the system does not allow
-
-  Findings& operator+=(const Findings& other);
 };
 
 /// Runs the export again and again: each time one of the operations fails, alone or with all that follow it.
-/// A run that does not end is ended, with the process, by an alarm.
+/// This and what follows run their cases side by side, in as many processes as there are processors.
 Findings SweepFaults(const Scenario& scenario, const Office& original, Faults::Kind kind,
                      const std::vector<long>& operations);
 

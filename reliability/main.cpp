@@ -45,9 +45,12 @@ void Sweep(const std::string& name, const Office& original, const Scenario& scen
 /// Arguments: collaborators of the great office, whose export takes three sheets (0: leave it out), at how
 /// many of its operations faults are set, and at how many points it is killed.
 int main(int count, char** words) {
-  const long great = count > 1 ? std::atol(words[1]) : 0;
-  const long faults = count > 2 ? std::atol(words[2]) : 10;
-  const long kills = count > 3 ? std::atol(words[3]) : 10;
+  const auto number = [&](int at, long usual) {
+    return count > at ? std::strtol(words[at], nullptr, 10) : usual;
+  };
+  const long great = number(1, 0);
+  const long faults = number(2, 10);
+  const long kills = number(3, 10);
   {
     const Office original(12);
     const Scenario receipts(original, Selection::kReceipts);

@@ -18,10 +18,10 @@ inline std::vector<std::vector<std::vector<std::string>>> ReadWorkbook(const std
   unsigned int sheetCount = 0;
   freexl_get_info(handle, FREEXL_BIFF_SHEET_COUNT, &sheetCount);
   std::vector<std::vector<std::vector<std::string>>> sheets(sheetCount);
-  for (unsigned short sheet = 0; sheet < sheetCount; ++sheet) {
+  for (unsigned int sheet = 0; sheet < sheetCount; ++sheet) {
     unsigned int rows = 0;
     unsigned short columns = 0;
-    freexl_select_active_worksheet(handle, sheet);
+    freexl_select_active_worksheet(handle, static_cast<unsigned short>(sheet));
     freexl_worksheet_dimensions(handle, &rows, &columns);
     for (unsigned int row = 0; row < rows; ++row) {
       std::vector<std::string>& cells = sheets[sheet].emplace_back();
