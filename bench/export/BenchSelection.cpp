@@ -9,8 +9,8 @@
 #include "query/FromClause.h"
 #include "query/ListClauses.h"
 #include "query/WhereClause.h"
+#include "sample/AccountCodec.h"
 #include "sample/Catalogue.h"
-#include "sample/host/SampleAccountCodec.h"
 
 namespace velmar::bench {
 namespace {
@@ -60,7 +60,7 @@ BenchSelection::BenchSelection(long lastCollaborator) {
 }
 
 Clauses ClausesOf(const BenchSelection& chosen) {
-  const auto codec = [] { return std::make_shared<sample::SampleAccountCodec>(); };
+  const auto codec = [] { return std::make_shared<sample::AccountCodec>(); };
   return {GenerarSQLSELECT(chosen.selection, chosen.catalogue, {}),
           GenerarSQLFROM(chosen.selection, chosen.catalogue, {}) +
               GenerarSQLWHERE(chosen.selection, chosen.catalogue, codec, {})};

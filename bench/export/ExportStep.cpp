@@ -7,7 +7,7 @@
 #include "export/Steps.h"
 #include "platform/toolkit/MakeForm.h"
 #include "platform/toolkit/ScriptedToolkit.h"
-#include "sample/host/SampleAccountCodec.h"
+#include "sample/AccountCodec.h"
 #include "sample/host/SampleHost.h"
 
 namespace velmar::bench {
@@ -59,8 +59,7 @@ Measures RunExport(const std::string& folder, long lastCollaborator) {
   const auto endStage = [&] { stages.Lap(measures, stage); };
   window->run = std::make_unique<exporting::ExportRun>(exporting::RunContext{
       host, *window, window->conAuxiliar, window->prgExportar, window->dlgExportar, window->tmrExportacion,
-      [] { return std::shared_ptr<HostApi>(); },
-      [] { return std::make_shared<sample::SampleAccountCodec>(); },
+      [] { return std::shared_ptr<HostApi>(); }, [] { return std::make_shared<sample::AccountCodec>(); },
       [](const RuntimeError& failure, const std::string&) { throw failure; }, exporting::CurrentYear,
       [&](exporting::RunStage next) {
         endStage();

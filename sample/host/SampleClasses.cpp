@@ -4,7 +4,7 @@
 
 #include "host/interfaces/HostObjects.h"
 #include "platform/com/ClassRegistry.h"
-#include "sample/host/SampleAccountCodec.h"
+#include "sample/AccountCodec.h"
 #include "sample/host/SampleApi.h"
 
 namespace velmar::sample {
@@ -19,8 +19,8 @@ void RegisterSampleClasses(toolkit::Toolkit& toolkit, const std::string& title) 
   com::ClassRegistry& classes = com::ClassRegistry::Instance();
   classes.Register(
       {kHostApiProgId, kApiClass, [&toolkit, title] { return std::make_shared<SampleApi>(toolkit, title); }});
-  classes.Register({"VelmarCuentas.cCuentaCodec", kCuentaCodecClassId,
-                    [] { return std::make_shared<SampleAccountCodec>(); }});
+  classes.Register(
+      {"VelmarCuentas.cCuentaCodec", kCuentaCodecClassId, [] { return std::make_shared<AccountCodec>(); }});
 }
 
 }  // namespace velmar::sample
