@@ -153,11 +153,13 @@ void frmDatos::fillValorCampos() {
     return;
   }
 
-  if (rows->RecordCount() == 0) {
+  long count = 0;
+  const bool counted = Err.Try([&] { count = rows->RecordCount(); });
+  if (counted && count == 0) {
     messages_.Inform(
         "¡No existen valores para el campo en la bd,\rpor favor, introduzca un valor manualmente!");
-  } else {
-    fillLista(*rows, nombreInterno, Err);
+  } else if (counted) {
+    fillLista(*rows, count, nombreInterno, Err);
   }
   Err.Try([&] {
     if (rows->State() == ADODB::kStateOpen) rows->Close();
@@ -168,11 +170,12 @@ void frmDatos::fillValorCampos() {
   }
 }
 
-void frmDatos::fillLista(ADODB::Recordset& rows, const std::string& nombreInterno, ErrObject& Err) {
+void frmDatos::fillLista(ADODB::Recordset& rows, long count, const std::string& nombreInterno,
+                         ErrObject& Err) {
   prgDatos.Visible(true);
   Refresh();
   prgDatos.Min(0);
-  prgDatos.Max(rows.RecordCount());
+  prgDatos.Max(count);
   prgDatos.Value(0);
   lblDatos(kPicked).Visible(false);
   lstDatos.Visible(false);

@@ -73,7 +73,7 @@ class frmDatos : public toolkit::Form {
  private:
   void AddControls();
   void fillValorCampos();
-  void fillLista(ADODB::Recordset& rows, const std::string& nombreInterno, ErrObject& Err);
+  void fillLista(ADODB::Recordset& rows, long count, const std::string& nombreInterno, ErrObject& Err);
   std::string ShownAccount(const std::string& value, std::shared_ptr<cCuentaCodec>& codec) const;
 
   UserMessages messages_;
