@@ -17,6 +17,8 @@ ShownText::ShownText(std::string text, bool lines) : text_(std::move(text)), lin
     if (lines_ && character == U'\r') {
       if (offset < text_.size() && text_[offset] == '\n') continue;
       character = U'\n';
+    } else if (lines_ && character == QChar::ParagraphSeparator) {
+      character = U'\n';
     }
     shown_.append(QString::fromUcs4(&character, 1));
   }

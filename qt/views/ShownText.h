@@ -7,7 +7,8 @@
 namespace velmar::qt {
 
 /// A control's text as an editor shows it, and the way between their positions: the control counts characters
-/// of UTF-8, the editor units of UTF-16. With `lines`, each line end (CR LF, CR or LF) shows as one LF.
+/// of UTF-8, the editor units of UTF-16. With `lines`, each line end (CR LF, CR, LF or U+2029) shows as one
+/// LF.
 class ShownText {
  public:
   ShownText(std::string text, bool lines);

@@ -1,6 +1,7 @@
 #include "qt/views/TextAreaView.h"
 
 #include <QFontMetrics>
+#include <QMimeData>
 #include <QTextCursor>
 #include <utility>
 
@@ -11,6 +12,11 @@ namespace {
 constexpr int kLines = 6;
 constexpr int kFewestLines = 3;
 constexpr int kCharacters = 30;
+
+// The editor's own plain text has blanks in place of no-break spaces.
+QString AsTyped(QString raw) {
+  return raw.replace(QChar::ParagraphSeparator, '\n');
+}
 
 }  // namespace
 
@@ -43,6 +49,16 @@ void TextAreaView::keyPressEvent(QKeyEvent* event) {
 
 void TextAreaView::inputMethodEvent(QInputMethodEvent* event) {
   TakeInput(*event, [this](QInputMethodEvent& input) { QPlainTextEdit::inputMethodEvent(&input); });
+}
+
+QMimeData* TextAreaView::createMimeDataFromSelection() const {
+  auto* plain = new QMimeData;
+  plain->setText(AsTyped(textCursor().selectedText()));
+  return plain;
+}
+
+QString TextAreaView::EditorText() const {
+  return AsTyped(document()->toRawText());
 }
 
 TextMirror::Span TextAreaView::EditorSelection() const {

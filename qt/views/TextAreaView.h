@@ -17,9 +17,10 @@ class TextAreaView : public QPlainTextEdit, private TextMirror {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
+  QMimeData* createMimeDataFromSelection() const override;
 
  private:
-  QString EditorText() const override { return toPlainText(); }
+  QString EditorText() const override;
   void SetEditorText(const QString& text) override { setPlainText(text); }
   Span EditorSelection() const override;
   void SelectInEditor(Span span) override;

@@ -67,6 +67,23 @@ TEST_F(TextViewsTest, CaretsCountCharactersAndOutliveTheFocus) {
   EXPECT_EQ(State(area), "😀\r\na😀s 4+2");
 }
 
+TEST_F(TextViewsTest, CharactersThatTheEditorWouldReplaceStay) {
+  // No-break spaces, as values of a database may have them, and both other ends of a line.
+  const std::string text = "a\u00a0b\u2028c\u2029d";
+  area.Text(text);
+  areaView.setFocus();
+  areaView.moveCursor(QTextCursor::End);
+  QTest::keyClick(&areaView, Qt::Key_Left);
+  EXPECT_EQ(State(area), text + " 6+0");
+  QTest::keyClicks(&areaView, "x");
+  EXPECT_EQ(State(area), "a\u00a0b\u2028c\u2029xd 7+0");
+  areaView.selectAll();
+  QTest::keyClick(&areaView, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), QString::fromUtf8("a\u00a0b\u2028c\nxd"));
+  Paste(areaView, QString::fromUtf8("p\u00a0q"));
+  EXPECT_EQ(State(area), "p\u00a0q 3+0");
+}
+
 TEST_F(TextViewsTest, PastedTextIsPlainAndKeepsTheBoxesRules) {
   Paste(areaView, "uno\ndos");
   EXPECT_EQ(area.Text(), "uno\r\ndos");
