@@ -156,6 +156,11 @@ void FormWindow::FormRefreshRequested(toolkit::Form& /*form*/) {
 }
 
 void FormWindow::FormHidden(toolkit::Form& /*form*/) {
+  // An open menu is a window of its own, and would stay over whatever comes to light behind this one.
+  QWidget* popup = QApplication::activePopupWidget();
+  const QWidget* opener = popup;
+  while (opener != nullptr && opener != this) opener = opener->parentWidget();
+  if (opener != nullptr) popup->close();
   hide();
   if (hidden_) hidden_();
 }

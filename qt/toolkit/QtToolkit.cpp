@@ -23,6 +23,15 @@ namespace {
 
 constexpr int kHourglass = 11;
 
+/// Where a menu opens: at the mouse or, if that is elsewhere because a key asks for the menu, at the place of
+/// the keyboard.
+QPoint PlaceOfMenu() {
+  const QPoint mouse = QCursor::pos();
+  const QWidget* focus = QApplication::focusWidget();
+  if (focus == nullptr || focus->rect().contains(focus->mapFromGlobal(mouse))) return mouse;
+  return focus->mapToGlobal(focus->inputMethodQuery(Qt::ImCursorRectangle).toRect().center());
+}
+
 }  // namespace
 
 /// The user's turn: Qt's loop runs by itself, whatever the program was doing, under the usual pointer.
@@ -176,7 +185,7 @@ int QtToolkit::ChooseFromMenu(const controls::Menu& menu) {
       popup.addAction(QString::fromStdString(item.caption));
     }
   }
-  return static_cast<int>(popup.actions().indexOf(popup.exec(QCursor::pos())));
+  return static_cast<int>(popup.actions().indexOf(popup.exec(PlaceOfMenu())));
 }
 
 void QtToolkit::OpenHelp(const std::string& file, long topic) {

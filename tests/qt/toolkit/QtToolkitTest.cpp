@@ -1,5 +1,6 @@
 #include "qt/toolkit/QtToolkit.h"
 
+#include <QCursor>
 #include <QMenu>
 
 #include "platform/controls/Menu.h"
@@ -100,6 +101,28 @@ TEST_F(QtToolkits, AMenuRunsTheEntryThatIsChosenWithTheHourglassPutAside) {
   user.When("the menu", isMenu, [](QWidget& popup) { QTest::keyClick(&popup, Qt::Key_Escape); });
   toolkit.PopupMenu(menu);
   EXPECT_EQ(chosen, "Agregar al 'orden'");
+}
+
+TEST_F(QtToolkits, AMenuOpensInTheWindowAndClosesWithIt) {
+  controls::Menu menu("mnuEmergente");
+  menu.Add({"mnuUno", "Uno", [] { ADD_FAILURE() << "nobody has chosen it"; }});
+  form->button.Click = [&] { form->PopupMenu(menu); };
+  QRect place;
+  user.InWindow("frmUno", [&](QWidget& window) {
+    QWidget& button = *window.findChild<QPushButton*>();
+    button.setFocus();
+    place = {button.mapToGlobal(QPoint(0, 0)), button.size()};
+    QCursor::setPos(window.mapToGlobal(QPoint(-200, -200)));
+    QTest::keyClick(&button, Qt::Key_Space);
+  });
+  user.When(
+      "the menu", [](QWidget& window) { return window.objectName() == "mnuEmergente"; },
+      [&](QWidget& popup) {
+        EXPECT_TRUE(place.contains(popup.pos())) << "not at the mouse, which is elsewhere";
+        // What a task bar does: the window itself takes no input while the menu is open.
+        form->UserClose();
+      });
+  form->Show();
 }
 
 TEST_F(QtToolkits, HelpOpensBesideTheInnermostWindowOrIsSaidToBeMissing) {
