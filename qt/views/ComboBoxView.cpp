@@ -8,6 +8,8 @@ namespace velmar::qt {
 ComboBoxView::ComboBoxView(controls::ComboBox& box, UserEvents events, QWidget* parent)
     : QComboBox(parent), ControlLink(box, *this, std::move(events)), box_(box), model_(box) {
   setModel(&model_);
+  // As it comes, it takes the focus by the wheel.
+  setFocusPolicy(Qt::StrongFocus);
   // The widget chooses for itself when rows come and go; connected behind it, this has the last word.
   const auto follow = [this] { ComboBoxView::Show(controls::Property::kSelection); };
   connect(&model_, &QAbstractItemModel::rowsInserted, this, follow);

@@ -53,6 +53,8 @@ TEST_F(ComboBoxViewTest, TheWheelTurnsItOnlyWithTheFocus) {
   };
   view.clearFocus();
   EXPECT_EQ(turn(), 1);
+  EXPECT_FALSE(view.hasFocus()) << "nor does it take the focus";
+  EXPECT_EQ(view.focusPolicy() & Qt::WheelFocus, Qt::StrongFocus) << "the application would give it";
   view.setFocus();
   EXPECT_EQ(turn(), 2);
 }
