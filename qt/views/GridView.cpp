@@ -49,8 +49,11 @@ GridView::GridView(controls::Grid& grid, UserEvents events, QWidget* parent)
   horizontalHeader()->setStretchLastSection(true);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
     // The last one only follows the others.
-    if (!sizing_ && column + 1 < model_.columnCount()) drawn_ = true;
+    if (sizing_ || column + 1 >= model_.columnCount()) return;
+    drawn_ = true;
+    SizeLastColumn();
   });
+  horizontalHeader()->viewport()->installEventFilter(this);
   SizeRows();
   SizeColumns();
   MarkStale();
@@ -98,9 +101,9 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) {
     QTableView::mouseReleaseEvent(event);
     Report();
-    ReleaseButton(kLeftButton, event->modifiers(), event->position());
+    ReleaseButton(kLeftButton, event->modifiers(), event->globalPosition());
   } else if (event->button() == Qt::RightButton) {
-    ReleaseButton(kRightButton, event->modifiers(), event->position());
+    ReleaseButton(kRightButton, event->modifiers(), event->globalPosition());
   }
 }
 
@@ -113,7 +116,19 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
 void GridView::contextMenuEvent(QContextMenuEvent* event) {
   if (event->reason() != QContextMenuEvent::Keyboard) return;
   TakeOver();
-  ReleaseButton(kRightButton, Qt::NoModifier, event->pos());
+  ReleaseButton(kRightButton, Qt::NoModifier, event->globalPos());
+}
+
+// The head row is a widget of its own, and of the grid all the same.
+bool GridView::eventFilter(QObject* receiver, QEvent* event) {
+  if (receiver == horizontalHeader()->viewport() && event->type() == QEvent::MouseButtonRelease) {
+    const auto& release = static_cast<const QMouseEvent&>(*event);
+    if (release.button() == Qt::RightButton) {
+      TakeOver();
+      ReleaseButton(kRightButton, release.modifiers(), release.globalPosition());
+    }
+  }
+  return QTableView::eventFilter(receiver, event);
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
@@ -139,9 +154,10 @@ void GridView::resizeEvent(QResizeEvent* event) {
 
 void GridView::ReleaseButton(int button, Qt::KeyboardModifiers modifiers, QPointF at) {
   const qreal twips = static_cast<qreal>(kTwipsPerInch) / logicalDpiX();
+  const QPointF inside = mapFromGlobal(at) * twips;
   Act([&] {
-    grid_.UserMouseUp(button, ShiftCode(modifiers), static_cast<float>(at.x() * twips),
-                      static_cast<float>(at.y() * twips));
+    grid_.UserMouseUp(button, ShiftCode(modifiers), static_cast<float>(inside.x()),
+                      static_cast<float>(inside.y()));
   });
 }
 
@@ -163,18 +179,39 @@ qreal GridView::GivenWidth() const {
   return width;
 }
 
-// The columns share the room that is left in the proportions of their widths, until the user draws one.
+int GridView::LeastWidth(int column) const {
+  return qRound(static_cast<qreal>(qMax(grid_.ColWidth(column), 0L)) * PixelsPerTwip());
+}
+
+// The columns share the room that is left in the proportions of their widths, until the user draws one. What
+// the last one has beyond its own width goes to those whose texts would be cut.
 void GridView::SizeColumns() {
   const qreal given = GivenWidth();
   if (given <= 0) return;
   const qreal pixels = qMax(PixelsPerTwip(), viewport()->width() / given);
+  const int last = model_.columnCount() - 1;
+  int spare = qRound(static_cast<qreal>(grid_.ColWidth(last)) * pixels) - LeastWidth(last);
   sizing_ = true;
-  for (int column = 0; column < model_.columnCount(); ++column) {
+  for (int column = 0; column <= last; ++column) {
     const long twips = grid_.ColWidth(column);
-    if (twips >= 0) setColumnWidth(column, qRound(static_cast<qreal>(twips) * pixels));
+    if (twips < 0) continue;
+    const int share = qRound(static_cast<qreal>(twips) * pixels);
+    const int more = column < last ? qBound(0, sizeHintForColumn(column) - share, spare) : 0;
+    spare -= more;
+    setColumnWidth(column, column < last ? share + more : LeastWidth(last) + spare);
   }
   sizing_ = false;
   updateGeometry();
+}
+
+// What the user draws comes out of the last column, down to its head.
+void GridView::SizeLastColumn() {
+  const int last = model_.columnCount() - 1;
+  int room = viewport()->width();
+  for (int column = 0; column < last; ++column) room -= columnWidth(column);
+  sizing_ = true;
+  setColumnWidth(last, qMax(room, horizontalHeader()->sectionSizeHint(last)));
+  sizing_ = false;
 }
 
 void GridView::Show(controls::Property what) {
@@ -219,6 +256,7 @@ void GridView::TakeOver() {
     }
   }
   executeDelayedItemsLayout();
+  if (!drawn_) SizeColumns();
   if (top_) scrollTo(model_.index(std::exchange(top_, {}).value(), 0), PositionAtTop);
 }
 

@@ -10,9 +10,9 @@
 namespace velmar::qt {
 
 /// Shows a grid, of which the user selects whole rows that stand together. The right button moves nothing:
-/// its release goes to the control. Columns have at least the control's widths,
-/// and the user can draw them wider or narrower. The grid is borrowed. The selection goes to and fro as in
-/// ListView.
+/// its release goes to the control, that over the head row too. Columns have at least the control's
+/// widths, and the user can draw them wider or narrower. The grid is borrowed. The selection goes to and fro
+/// as in ListView.
 class GridView : public QTableView, private ControlLink {
  public:
   GridView(controls::Grid& grid, UserEvents events, QWidget* parent);
@@ -29,6 +29,7 @@ class GridView : public QTableView, private ControlLink {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  bool eventFilter(QObject* receiver, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -44,9 +45,13 @@ class GridView : public QTableView, private ControlLink {
   void MarkStale();
   void TakeOver();
   void Report();
+  /// The place is the screen's.
   void ReleaseButton(int button, Qt::KeyboardModifiers modifiers, QPointF at);
   void SizeRows();
   void SizeColumns();
+  void SizeLastColumn();
+  /// In pixels.
+  int LeastWidth(int column) const;
   qreal PixelsPerTwip() const;
   /// Of all columns, in twips.
   qreal GivenWidth() const;

@@ -77,7 +77,16 @@ void ListView::mousePressEvent(QMouseEvent* event) {
 void ListView::mouseMoveEvent(QMouseEvent* event) {
   if ((event->buttons() & Qt::LeftButton) == 0) return;
   TakeOver();
-  QListView::mouseMoveEvent(event);
+  // The view knows no end of a drawing beside its items, so one further down or up means the nearest.
+  QRect inside = viewport()->rect();
+  const QRect last = visualRect(model_.index(model_.rowCount() - 1));
+  if (Columns() == 0 && last.isValid()) inside.setBottom(qMin(inside.bottom(), last.bottom()));
+  const QPointF at = event->position();
+  const QPointF held(qBound<qreal>(inside.left(), at.x(), inside.right()),
+                     qBound<qreal>(inside.top(), at.y(), inside.bottom()));
+  QMouseEvent move(event->type(), held, event->globalPosition(), event->button(), event->buttons(),
+                   event->modifiers(), event->pointingDevice());
+  QListView::mouseMoveEvent(&move);
   Report(false);
 }
 

@@ -7,6 +7,17 @@
 
 namespace velmar::qt {
 
+namespace {
+
+// A longer text would cover the screen, and the buttons that the user is on the way to.
+constexpr qsizetype kLongestTip = 600;
+
+QString Shortened(const QString& text) {
+  return text.size() <= kLongestTip ? text : text.left(kLongestTip) + "…";
+}
+
+}  // namespace
+
 int RowDelegate::RowHeight(const QWidget& view) {
   const int text = view.fontMetrics().height();
   return text + qMax(4, text / 3);
@@ -27,7 +38,7 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
     return true;
   }
   // Escaped, since a filter is full of what would pass for tags.
-  const QString text = index.data(Qt::ToolTipRole).toString().toHtmlEscaped();
+  const QString text = Shortened(index.data(Qt::ToolTipRole).toString()).toHtmlEscaped();
   QToolTip::showText(event->globalPos(), "<span style='white-space: pre-wrap'>" + text + "</span>", view,
                      cell);
   return true;

@@ -55,6 +55,9 @@ TEST_F(GridViewTest, TheRightButtonMovesNothing) {
   QContextMenuEvent menuByMouse(QContextMenuEvent::Mouse, At(6), At(6));
   QApplication::sendEvent(view->viewport(), &menuByMouse);
   EXPECT_EQ(buttons, (std::vector<int>{2, 2}));
+  QTest::mouseClick(table.horizontalHeader()->viewport(), Qt::RightButton, {}, QPoint(5, 5));
+  EXPECT_EQ(buttons, (std::vector<int>{2, 2, 2})) << "the head row is the grid's too";
+  EXPECT_EQ(Shown(), (Rows{1, 2}));
 }
 
 TEST_F(GridViewTest, DoubleClickCountsAnywhere) {
@@ -117,13 +120,22 @@ TEST_F(GridViewTest, ColumnsHaveTheirWidthsAndTheUserCanDrawThem) {
   EXPECT_NEAR(table.columnWidth(0), inch, 1);
   widen(inch * 10);
   EXPECT_NEAR(table.columnWidth(1), view->viewport()->width() / 2, 1) << "what is left is shared";
+  const int half = table.columnWidth(1);
+  grid.AddItem(std::string(200, 'W'), 2);
+  ShownView::Settle();
+  EXPECT_NEAR(table.columnWidth(2), inch, 1) << "down to its own width";
+  EXPECT_NEAR(table.columnWidth(0), view->viewport()->width() - half - inch, 2) << "a long text has the rest";
+  grid.RemoveItem(2);
   QWidget* head = table.horizontalHeader()->viewport();
   const QPoint edge(table.columnWidth(0) - 1, 5);
-  const int drawn = table.columnWidth(0) + 30;
+  const int further = table.columnWidth(2) - inch / 2;
+  const int drawn = table.columnWidth(0) + further;
   QTest::mousePress(head, Qt::LeftButton, {}, edge);
-  QTest::mouseMove(head, edge + QPoint(30, 0));
-  QTest::mouseRelease(head, Qt::LeftButton, {}, edge + QPoint(30, 0));
+  QTest::mouseMove(head, edge + QPoint(further, 0));
+  QTest::mouseRelease(head, Qt::LeftButton, {}, edge + QPoint(further, 0));
   EXPECT_NEAR(table.columnWidth(0), drawn, 2);
+  EXPECT_LT(table.columnWidth(2), inch);
+  EXPECT_EQ(table.horizontalHeader()->length(), view->viewport()->width()) << "out of the last column";
   widen(inch * 12);
   EXPECT_NEAR(table.columnWidth(0), drawn, 2) << "the user's width stays";
 }

@@ -45,6 +45,8 @@ TEST_F(ListViewTest, SelectsManyByMouseAndKeys) {
   EXPECT_EQ(Press(Qt::Key_A, Qt::ControlModifier).size(), 8U);
   EXPECT_EQ(Press(Qt::Key_D), (Rows{3}));
   EXPECT_EQ(Drag(5, 2), (Rows{2, 3, 4, 5}));
+  EXPECT_EQ(Drag({At(6), BesideRows()}), (Rows{6, 7})) << "below the last one";
+  EXPECT_EQ(Drag({At(1), QPoint(5, -40)}), (Rows{0, 1})) << "above the list";
 }
 
 TEST_F(ListViewTest, ChoosesOneAndRaisesItsEventsForEachClickOnIt) {

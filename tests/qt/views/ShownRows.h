@@ -34,10 +34,15 @@ class ShownRows : public ::testing::Test {
     return Shown();
   }
   Rows Drag(int from, int to) {
-    QTest::mousePress(view->viewport(), Qt::LeftButton, {}, At(from));
-    for (int row = from; row != to; row += from < to ? 1 : -1) QTest::mouseMove(view->viewport(), At(row));
-    QTest::mouseMove(view->viewport(), At(to));
-    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, At(to));
+    std::vector<QPoint> way;
+    for (int row = from; row != to; row += from < to ? 1 : -1) way.push_back(At(row));
+    way.push_back(At(to));
+    return Drag(way);
+  }
+  Rows Drag(const std::vector<QPoint>& way) {
+    QTest::mousePress(view->viewport(), Qt::LeftButton, {}, way.front());
+    for (const QPoint& place : way) QTest::mouseMove(view->viewport(), place);
+    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, way.back());
     return Shown();
   }
   /// What the screen shows, which is what the control has.
