@@ -2,6 +2,7 @@
 
 #include "host/interfaces/HostApi.h"
 #include "host/interfaces/HostObjects.h"
+#include "host/interfaces/Raised.h"
 #include "host/interfaces/modVelmarExportacion.h"
 #include "platform/ado/Connection.h"
 #include "platform/text/Trim.h"
@@ -12,18 +13,6 @@ namespace velmar::templates {
 namespace {
 
 constexpr const char* kForm = "frmPlantillas";
-
-/// True as long as it lives.
-class Raised {
- public:
-  explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-  ~Raised() { flag_ = false; }
-  Raised(const Raised&) = delete;
-  Raised& operator=(const Raised&) = delete;
-
- private:
-  bool& flag_;
-};
 
 }  // namespace
 

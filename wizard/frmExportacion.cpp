@@ -5,6 +5,7 @@
 #include "catalogue/CatalogueReader.h"
 #include "catalogue/CatalogueTransfer.h"
 #include "host/interfaces/HostObjects.h"
+#include "host/interfaces/Raised.h"
 #include "host/interfaces/modVelmarExportacion.h"
 #include "platform/ado/Connection.h"
 #include "platform/error/ErrObject.h"
@@ -63,7 +64,7 @@ void frmExportacion::AddControls() {
 }
 
 void frmExportacion::Act(const std::function<void()>& action) {
-  if (IsExporting()) {
+  if (IsBusy()) {
     Surroundings().Beep();
     return;
   }
@@ -174,6 +175,11 @@ void frmExportacion::Form_Unload(bool& Cancel) {
     if (messages_.Confirm("¿Desea cancelar la exportación en curso?")) runner_->RequestCancel();
     return;
   }
+  if (IsBusy()) {
+    Cancel = true;
+    Surroundings().Beep();
+    return;
+  }
   objFunciones().CerrarConexion(objHost->conGestion());
   objFunciones().CerrarConexion(objHost->coninformes());
   objApi_.reset();
@@ -237,6 +243,8 @@ std::string frmExportacion::GenerarSQLORDERBY() {
 }
 
 bool frmExportacion::ValidarExportacion() {
+  // The test gives the message loop a turn, and needs the catalogue and the grid behind it.
+  const Raised validating(validating_);
   const auto refusal = velmar::ValidarExportacion(CurrentSelection(), mcolCampos(), Turn());
   if (refusal) messages_.Warn(*refusal);
   return !refusal;
@@ -247,7 +255,7 @@ void frmExportacion::cboExportar_Click() {
 }
 
 void frmExportacion::NodeChosen() {
-  if (!IsExporting()) {
+  if (!IsBusy()) {
     shownNode_ = cboExportar.ListIndex();
     cboExportar_Click();
   } else if (cboExportar.ListIndex() != shownNode_) {

@@ -34,7 +34,7 @@ namespace velmar::wizard {
 /// it with toolkit::MakeForm.
 ///
 /// While an export is in progress, all its actions only beep, but for leaving: that asks whether to cancel
-/// the export, and the window stays.
+/// the export, and the window stays. While the selection is being tested leaving only beeps as well.
 class frmExportacion : public toolkit::Form, public ExportControls {
  public:
   /// Without a factory the window can do all but export (kObjectNotSet).
@@ -95,7 +95,9 @@ class frmExportacion : public toolkit::Form, public ExportControls {
   void FillMenu();
 
   bool IsExporting() const;
-  /// Runs what the user has asked for, unless an export is in progress: then it beeps.
+  /// True from the test of the selection to the end of its export.
+  bool IsBusy() const { return validating_ || IsExporting(); }
+  /// Runs what the user has asked for, unless the window is busy: then it beeps.
   void Act(const std::function<void()>& action);
   void NodeChosen();
   void Export();
@@ -116,6 +118,7 @@ class frmExportacion : public toolkit::Form, public ExportControls {
   ExportRunnerFactory makeRunner_;
   std::unique_ptr<ExportRunner> runner_;
   long shownNode_ = -1;
+  bool validating_ = false;
 };
 
 }  // namespace velmar::wizard

@@ -13,7 +13,42 @@ using Kind = toolkit::Record::Kind;
 
 class frmExportacionTest : public testing::OpenWizard {
  protected:
+  using Action = std::function<bool()>;
+
   bool Click(int button) { return form->cmdExportar(button).UserClick(); }
+  void Compose() {
+    Add(kCol, {"ciudad", "Nombre"});
+    Sort(1);
+    form->txtFiltro.Text("filtro");
+  }
+  /// All that the user's actions could change.
+  auto Shown() const {
+    return std::tuple(Grid(), Order(), Available(), form->cboExportar.Text(), form->txtFiltro.Text());
+  }
+  /// One of each kind, but for leaving.
+  std::vector<Action> Actions() {
+    std::vector<Action> actions = {
+        [this] { return form->lstDisponibles.UserDoubleClick(0); },
+        [this] { return form->msgSeleccionados.UserDoubleClick(); },
+        [this] { return form->lstOperadores.UserDoubleClick(0); },
+        [this] { return form->msgSeleccionados.UserMouseUp(2, 0, 0, 0); },
+        [this] { return form->cboExportar.UserChoose(form->cboExportar.FindStringExact(kRec)); },
+    };
+    form->ForEachControl([&](controls::Control& control) {
+      auto* button = dynamic_cast<controls::CommandButton*>(&control);
+      if (button != nullptr && !button->Cancel()) actions.push_back([=] { return button->UserClick(); });
+    });
+    return actions;
+  }
+  void ExpectBeeps(const std::vector<Action>& actions) {
+    for (const auto& action : actions) {
+      SCOPED_TRACE(&action - actions.data());
+      office.toolkit.ClearRecords();
+      EXPECT_TRUE(action());
+      ASSERT_EQ(office.toolkit.Records().size(), 1U);
+      EXPECT_EQ(office.toolkit.Records()[0].kind, Kind::kBeep);
+    }
+  }
 };
 
 TEST_F(frmExportacionTest, ExportsOnlyAValidSelectionWithTheHourglassWhateverBecomesOfIt) {
@@ -32,40 +67,42 @@ TEST_F(frmExportacionTest, ExportsOnlyAValidSelectionWithTheHourglassWhateverBec
 }
 
 TEST_F(frmExportacionTest, DuringAnExportActionsOnlyBeep) {
-  Add(kCol, {"ciudad", "Nombre"});
-  Sort(1);
-  form->txtFiltro.Text("filtro");
-  const auto shown = [&] {
-    return std::tuple(Grid(), Order(), Available(), form->cboExportar.Text(), form->txtFiltro.Text());
-  };
-  const auto before = shown();
+  Compose();
+  const auto before = Shown();
   runner->during = [&] {
-    std::vector<std::function<bool()>> actions = {
-        [&] { return form->lstDisponibles.UserDoubleClick(0); },
-        [&] { return form->msgSeleccionados.UserDoubleClick(); },
-        [&] { return form->lstOperadores.UserDoubleClick(0); },
-        [&] { return form->msgSeleccionados.UserMouseUp(2, 0, 0, 0); },
-        [&] { return form->cboExportar.UserChoose(form->cboExportar.FindStringExact(kRec)); },
-    };
-    form->ForEachControl([&](controls::Control& control) {
-      auto* button = dynamic_cast<controls::CommandButton*>(&control);
-      if (button != nullptr && !button->Cancel()) actions.push_back([=] { return button->UserClick(); });
-    });
-    for (const auto& action : actions) {
-      SCOPED_TRACE(&action - actions.data());
-      office.toolkit.ClearRecords();
-      EXPECT_TRUE(action());
-      ASSERT_EQ(office.toolkit.Records().size(), 1U);
-      EXPECT_EQ(office.toolkit.Records()[0].kind, Kind::kBeep);
-    }
+    ExpectBeeps(Actions());
     form->tmrExportacion.Load(3).Fire();
     form->tmrExportacion(0).Fire();
   };
   EXPECT_TRUE(Click(Controls::kExport));
   EXPECT_THAT(runner->fired, ElementsAre(3, 0));
-  EXPECT_EQ(shown(), before);
+  EXPECT_EQ(Shown(), before);
   ChooseNode(kRec);
-  EXPECT_NE(shown(), before) << "afterwards all goes on";
+  EXPECT_NE(Shown(), before) << "afterwards all goes on";
+}
+
+TEST_F(frmExportacionTest, WhileTheSelectionIsTestedActionsAndLeavingOnlyBeep) {
+  Compose();
+  const auto before = Shown();
+  auto actions = Actions();
+  actions.push_back([this] { return Click(Controls::kLeave); });
+  actions.push_back([this] { return form->Scope().UserEscape(); });
+  actions.push_back([this] {
+    form->Unload();  // what the close box does
+    return form->Loaded();
+  });
+  office.toolkit.Loop().Post([&] {
+    ExpectBeeps(actions);
+    EXPECT_EQ(runner->runs, 0);
+  });
+  EXPECT_TRUE(Click(Controls::kExport));
+  EXPECT_EQ(runner->runs, 1);
+  EXPECT_EQ(Shown(), before);
+
+  office.toolkit.Loop().Post([] { throw RuntimeError(kDiskFull, "disco lleno"); });
+  EXPECT_THROW(Click(Controls::kExport), RuntimeError);
+  EXPECT_TRUE(Click(Controls::kLeave));
+  EXPECT_FALSE(form->Loaded()) << "however the test has ended";
 }
 
 TEST_F(frmExportacionTest, LeavingDuringAnExportAsksWhetherToCancelIt) {
