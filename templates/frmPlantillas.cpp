@@ -83,6 +83,7 @@ void frmPlantillas::Form_Load() {
 void frmPlantillas::Form_Unload(bool& Cancel) {
   if (working_) {
     Cancel = true;
+    Surroundings().Beep();
     return;
   }
   objApi_.reset();
@@ -119,13 +120,20 @@ void frmPlantillas::Accept() {
   {
     const Raised working(working_);
     if (mbytOperacion == Constants().Salvar()) {
-      if (text::Trim(txtPlantilla.Text()).empty()) {
+      // Read once: in a turn of the statements the box can be given another name.
+      const std::string name = txtPlantilla.Text();
+      if (text::Trim(name).empty()) {
         messages_.Warn("¡Debe introducir datos en el campo nombre de la plantilla!");
-        txtPlantilla.SetFocus();
+        // A box that has the focus already does not get it.
+        if (txtPlantilla.HasFocus()) {
+          txtPlantilla_GotFocus();
+        } else {
+          txtPlantilla.SetFocus();
+        }
         return;
       }
-      if (ExistePlantilla()) return;
-      GuardarPlantilla();
+      if (ExistePlantilla(name)) return;
+      GuardarPlantilla(name);
     } else if (mbytOperacion == Constants().Cargar()) {
       if (!HasSelection()) return;
       CargarPlantilla();
@@ -146,10 +154,10 @@ void frmPlantillas::Delete() {
   fillPlantillas();
 }
 
-bool frmPlantillas::ExistePlantilla() {
+bool frmPlantillas::ExistePlantilla(const std::string& name) {
   existing_ = TemplateStore::Existing::kNone;
-  if (!Store().Exists(txtPlantilla.Text())) return false;
-  if (!messages_.Confirm("La plantilla '" + PrepararTextoSQL(txtPlantilla.Text()) +
+  if (!Store().Exists(name)) return false;
+  if (!messages_.Confirm("La plantilla '" + PrepararTextoSQL(name) +
                          "' ya existe en la base de datos.\r¿Desea modificar la plantilla existente?")) {
     return true;
   }
@@ -157,11 +165,11 @@ bool frmPlantillas::ExistePlantilla() {
   return false;
 }
 
-void frmPlantillas::GuardarPlantilla() {
-  RunReporting(Report(), "GuardarPlantilla", [this] {
+void frmPlantillas::GuardarPlantilla(const std::string& name) {
+  RunReporting(Report(), "GuardarPlantilla", [&] {
     const TemplateStore store = Store();
     ShowBar();
-    store.Save(txtPlantilla.Text(), selection_.Read(), existing_, Bar());
+    store.Save(name, selection_.Read(), existing_, Bar());
     prgPlantilla.Value(prgPlantilla.Max());
     prgPlantilla.Visible(false);
   });

@@ -67,9 +67,9 @@ class frmPlantillas : public toolkit::Form {
 
   void Accept();
   void Delete();
-  /// True if there is a template of the name in the box and the user keeps it.
-  bool ExistePlantilla();
-  void GuardarPlantilla();
+  /// True if there is a template of the name and the user keeps it.
+  bool ExistePlantilla(const std::string& name);
+  void GuardarPlantilla(const std::string& name);
   void CargarPlantilla();
   void fillPlantillas();
   void EliminarPlantilla();

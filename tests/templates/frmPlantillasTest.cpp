@@ -38,22 +38,25 @@ TEST_F(frmPlantillasTest, SavesOnceUnderTheNameInTheBox) {
   FillControls();
   Save([this](frmPlantillas& form) {
     EXPECT_TRUE(form.txtPlantilla.UserFocus());
-    EXPECT_TRUE(form.txtPlantilla.UserType("   "));
-    EXPECT_TRUE(form.cmdPlantilla(frmPlantillas::kAccept).UserClick());
-    EXPECT_THAT(office.Boxes(),
-                ElementsAre("+48 ¡Debe introducir datos en el campo nombre de la plantilla!"));
-    // The box has the focus again, and what is typed replaces what it held.
+    for (const bool click : {true, false}) {
+      EXPECT_TRUE(form.txtPlantilla.UserType("   "));
+      EXPECT_TRUE(click ? form.cmdPlantilla(frmPlantillas::kAccept).UserClick() : form.Scope().UserEnter());
+      EXPECT_THAT(office.Boxes(),
+                  ElementsAre("+48 ¡Debe introducir datos en el campo nombre de la plantilla!"));
+      // The box has the focus again, and what is typed replaces what it held.
+    }
     EXPECT_TRUE(form.txtPlantilla.UserType(std::string(160, 's')));
-    // What the user does in the turns of a statement only beeps.
+    // In the turns of a statement buttons and leaving only beep, and a new name comes too late.
     office.toolkit.Loop().Post([&form] {
       EXPECT_TRUE(form.cmdPlantilla(frmPlantillas::kAccept).UserClick());
       EXPECT_TRUE(form.UserClose());
       EXPECT_TRUE(form.Visible());
+      EXPECT_TRUE(form.txtPlantilla.UserType("otra"));
     });
     EXPECT_TRUE(form.Scope().UserEnter());
     EXPECT_FALSE(form.Visible());
   });
-  EXPECT_EQ(office.toolkit.Records(toolkit::Record::Kind::kBeep).size(), 1U);
+  EXPECT_EQ(office.toolkit.Records(toolkit::Record::Kind::kBeep).size(), 2U);
   const std::string name(150, 's');
   EXPECT_THAT(office.Table(),
               ElementsAre(name + "|7|(COL) Colaboradores|11|Provincia|-1|{Provincia} = `\"Á\"´ \\ [x] %|",
