@@ -42,7 +42,8 @@ void ActualizarCatalogo(ADODB::Connection& conGestion, ADODB::Connection& coninf
   if (found) return;
   Err.Clear();
 
-  Err.Try([&] { conGestion.BeginTrans(); });
+  // If the host has a transaction of its own, this one does not begin, and the host's is not to be committed.
+  const bool begun = Err.Try([&] { conGestion.BeginTrans(); });
   Place management;
   Place reports;
   ReadPlace(Err, conGestion, management);
@@ -55,7 +56,7 @@ void ActualizarCatalogo(ADODB::Connection& conGestion, ADODB::Connection& coninf
   };
   copy("ExportacionCampos", "ExportacionCamposTEMP");
   const bool templatesAreNew = copy("ExportacionPlantillas", "ExportacionPlantillasTEMP");
-  Err.Try([&] { conGestion.CommitTrans(); });
+  if (begun) Err.Try([&] { conGestion.CommitTrans(); });
   // A table that was there before holds what users have saved, and a probe also fails on a busy database.
   if (!templatesAreNew) return;
   Err.Try([&] { conGestion.Execute("DELETE FROM ExportacionPlantillas"); });

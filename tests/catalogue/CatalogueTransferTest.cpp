@@ -55,6 +55,15 @@ TEST(CatalogueTransfer, CopiesBothTablesOnceWithAndWithoutPasswords) {
   }
 }
 
+TEST(CatalogueTransfer, LeavesATransactionOfTheHostOpen) {
+  const Office office;
+  office.reports->Execute(kMakeFields);
+  office.reports->Execute(kMakeTemplates);
+  office.management->BeginTrans();
+  EXPECT_EQ(office.Transfer(), "Número||");
+  office.management->RollbackTrans();
+}
+
 TEST(CatalogueTransfer, EachStepRunsWhateverBecameOfTheOneBefore) {
   const Office office;
   EXPECT_EQ(office.Transfer(), "-|-|");
