@@ -13,9 +13,14 @@ namespace velmar {
 inline constexpr std::string_view kOpeningMark = "`";       // U+0060
 inline constexpr std::string_view kClosingMark = "\u00B4";  // U+00B4
 
-/// The failure of a filter that its language does not allow at a place: kInvalidProcedureCall with the place.
-inline RuntimeError FilterFault(TextSpan place, std::string description) {
-  return RuntimeError(kInvalidProcedureCall, std::move(description), "VelmarExportacion", place);
-}
+/// What a filter says cannot be translated, so that its author has to change it. The description is a part of
+/// a sentence, without a full stop.
+class FilterFault : public RuntimeError {
+ public:
+  explicit FilterFault(std::string description)
+      : RuntimeError(kInvalidProcedureCall, std::move(description), "VelmarExportacion") {}
+  FilterFault(TextSpan place, std::string description, long number = kInvalidProcedureCall)
+      : RuntimeError(number, std::move(description), "VelmarExportacion", place) {}
+};
 
 }  // namespace velmar

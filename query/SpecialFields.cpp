@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/error/ErrorNumber.h"
-#include "platform/error/RuntimeError.h"
 #include "platform/text/Characters.h"
 #include "platform/text/Search.h"
 #include "query/FilterSyntax.h"
@@ -59,9 +57,7 @@ std::string RewriteDates(std::string text) {
   std::size_t at = 0;
   for (std::size_t mark = text.find(kOpeningMark); mark != text.npos; mark = text.find(kOpeningMark, at)) {
     if (marksLeft-- == 0) {
-      throw RuntimeError(kInvalidProcedureCall,
-                         "las marcas de los valores no tienen fechas detrás; se esperaba `dd/mm/aaaa´",
-                         "VelmarExportacion");
+      throw FilterFault("las marcas de los valores no tienen fechas detrás; se esperaba `dd/mm/aaaa´");
     }
     const std::size_t behind = mark + kOpeningMark.size();
     result.append(text, at, behind - at);

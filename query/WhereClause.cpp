@@ -2,6 +2,7 @@
 
 #include <array>
 #include <exception>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -32,10 +33,10 @@ std::string TranslateFilter(const std::string& filter, const cCampos& field,
                             const std::function<cCuentaCodec&()>& codec) {
   const std::size_t length = text::Len(filter);
   if (length > kMaxFilterLength) {
-    throw RuntimeError(kOverflow,
-                       "tiene " + std::to_string(length) + " caracteres; se esperaban como mucho " +
-                           std::to_string(kMaxFilterLength),
-                       "VelmarExportacion", TextSpan{text::ByteOffset(filter, kMaxFilterLength + 1), 0});
+    throw FilterFault({text::ByteOffset(filter, kMaxFilterLength + 1), 0},
+                      "tiene " + std::to_string(length) + " caracteres; se esperaban como mucho " +
+                          std::to_string(kMaxFilterLength),
+                      kOverflow);
   }
   std::string translated = ReplacePatternTokens(GroupedFilter(filter, field.LiteralCampoWHERE()));
   switch (TreatmentOf(field.NombreInternoCampo())) {
@@ -52,17 +53,15 @@ std::string TranslateFilter(const std::string& filter, const cCampos& field,
   return text::Replace(translated, kClosingMark, field.CaracterValorCampo());
 }
 
-/// The failure of one filter, told with its row, its field and its place in characters.
-RuntimeError NameFilter(const RuntimeError& failure, std::size_t rowNumber, const Selection::Row& row) {
+/// How a failure in the work on one filter begins: its row, its field and its place in characters.
+std::string InFilter(const Selection::Row& row, std::size_t rowNumber,
+                     const std::optional<TextSpan>& span = std::nullopt) {
   std::string place;
-  if (failure.Span()) {
-    place = ", posición " +
-            std::to_string(text::Len(std::string_view(row.filtro).substr(0, failure.Span()->offset)) + 1);
+  if (span) {
+    place =
+        ", posición " + std::to_string(text::Len(std::string_view(row.filtro).substr(0, span->offset)) + 1);
   }
-  return RuntimeError(failure.Number(),
-                      "Filtro del campo «" + row.campo + "» (fila " + std::to_string(rowNumber) + place +
-                          "): " + failure.Description() + ". Corrija el filtro y vuelva a exportar.",
-                      failure.Source(), failure.Span());
+  return "Filtro del campo «" + row.campo + "» (fila " + std::to_string(rowNumber) + place + "): ";
 }
 
 std::string BuildWhere(const Selection& selection, const Collection<cCampos>& mcolCampos,
@@ -72,7 +71,7 @@ std::string BuildWhere(const Selection& selection, const Collection<cCampos>& mc
     if (held == nullptr && codecFactory) held = codecFactory();
     if (held == nullptr) {
       throw RuntimeError(kCannotCreateObject,
-                         "no se puede crear el objeto que codifica las cuentas (cCuentaCodec)",
+                         "No se puede crear el objeto que codifica las cuentas (cCuentaCodec).",
                          "VelmarExportacion");
     }
     return *held;
@@ -85,8 +84,14 @@ std::string BuildWhere(const Selection& selection, const Collection<cCampos>& mc
     const cCampos& field = FindField(mcolCampos, row.idCampo);
     try {
       conditions.append(TranslateFilter(row.filtro, field, codec)).append(kAnd);
+    } catch (const FilterFault& fault) {
+      throw RuntimeError(fault.Number(),
+                         InFilter(row, index + 1, fault.Span()) + fault.Description() +
+                             ". Corrija el filtro y vuelva a exportar.",
+                         fault.Source(), fault.Span());
     } catch (const RuntimeError& failure) {
-      throw NameFilter(failure, index + 1, row);
+      throw RuntimeError(failure.Number(), InFilter(row, index + 1) + failure.Description(),
+                         failure.Source());
     }
   }
   if (conditions.empty()) return {};

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "host/interfaces/HostObjects.h"
+#include "platform/error/Failure.h"
 #include "platform/text/Search.h"
 #include "query/TestCatalogue.h"
 
@@ -12,8 +14,11 @@ namespace {
 
 using ::testing::AllOf;
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::Property;
+
+constexpr const char* kAdvice = ". Corrija el filtro y vuelva a exportar.";
 
 /// Turns a tail round and puts it between angle brackets.
 class TurningCodec : public cCuentaCodec {
@@ -23,6 +28,11 @@ class TurningCodec : public cCuentaCodec {
     tramo = "<" + tramo + ">";
   }
   void DecodificarTramo(std::string&) override { ADD_FAILURE() << "only coding is asked for"; }
+};
+
+class FailingCodec : public TurningCodec {
+ public:
+  void CodificarTramo(std::string&) override { throw RuntimeError(7001, "Tramo ilegible.", "codec"); }
 };
 
 class WhereClause : public ::testing::Test {
@@ -132,12 +142,15 @@ TEST_F(WhereClause, AFilterThatCannotBeTranslatedStopsTheClauseWithItsFieldAndPl
     SCOPED_TRACE(test.filter.substr(0, 60));
     const RuntimeError failure = Failure(name_, test.filter);
     EXPECT_THAT(failure.Description(),
-                HasSubstr("«Nombre» (fila 1, posición " + std::to_string(test.position) + ")"));
+                AllOf(HasSubstr("«Nombre» (fila 1, posición " + std::to_string(test.position) + ")"),
+                      EndsWith(kAdvice)));
     EXPECT_THAT(failure.Description(), HasSubstr(test.expected));
     EXPECT_THAT(failure.Description(), HasSubstr(test.found));
   }
   EXPECT_EQ(Failure(name_, longest + "x").Number(), kOverflow);
-  EXPECT_EQ(Failure(date_, std::string(11, '`')).Number(), kInvalidProcedureCall);
+  EXPECT_THAT(Failure(date_, std::string(11, '`')),
+              AllOf(Property(&RuntimeError::Number, kInvalidProcedureCall),
+                    Property(&RuntimeError::Description, EndsWith(kAdvice))));
   EXPECT_EQ(Failure(name_, "{A} [falso]").Span()->length, 7U);
   const cCampos bracketed = f_.Describe("(COL) Colaboradores", "x.y", "z", "[Tabla].[Campo]", "'");
   EXPECT_EQ(Failure(bracketed, "ñ {z} = ‹a›").Span()->length, 3U) << "the whole group";
@@ -150,10 +163,21 @@ TEST_F(WhereClause, OtherFailuresStopItToo) {
 
   f_.selection.rows = {{"n", "no filter", "", 99}};
   f_.Select(account_, "`0123456789a´");
-  EXPECT_THAT([&] { GenerarSQLWHERE(f_.selection, f_.catalogue, {}, f_.Report()); },
-              ::testing::Throws<RuntimeError>(
-                  AllOf(Property(&RuntimeError::Number, kCannotCreateObject),
-                        Property(&RuntimeError::Description, HasSubstr("«Cuenta» (fila 2)")))));
+  const struct {
+    CodecFactory codecs;
+    long number;
+    std::string reason;
+  } cases[] = {
+      {{}, kCannotCreateObject, "No se puede crear el objeto que codifica las cuentas (cCuentaCodec)."},
+      {CreateCuentaCodec, kCannotCreateObject, FailureIn([] { CreateCuentaCodec(); }).Description()},
+      {[] { return std::make_shared<FailingCodec>(); }, 7001, "Tramo ilegible."},
+  };
+  for (const auto& test : cases) {
+    const auto failure =
+        FailureIn([&] { GenerarSQLWHERE(f_.selection, f_.catalogue, test.codecs, f_.Report()); });
+    EXPECT_EQ(failure.Number(), test.number);
+    EXPECT_EQ(failure.Description(), "Filtro del campo «Cuenta» (fila 2): " + test.reason);
+  }
 }
 
 }  // namespace
