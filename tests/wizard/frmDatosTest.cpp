@@ -107,11 +107,60 @@ TEST_F(frmDatosTest, AccountsAreShownDecodedAndARowThatFailsIsLeftOutAndToldOnce
 
 TEST_F(frmDatosTest, RecordsetThatFailsEndsTheListAndIsToldOnce) {
   for (const char* number : {"987", "654"}) AddAccount(number);
-  // In the turn of the first row the host closes its connection, and the recordset with it.
+  // The host closes its connection, and the recordset with it, in the turn of the statement or of the first
+  // row.
   auto& loop = office.toolkit.Loop();
-  loop.Post([&] { loop.Post([&] { office.host->main->Close(); }); });
+  const auto close = [&] { office.host->main->Close(); };
+  const std::string told = "VerError fillValorCampos frmDatos VelmarExportacion 3704";
+  loop.Post(close);
+  EXPECT_THAT(Fill(office.kDon, "Tipo"), IsEmpty());
+  EXPECT_THAT(Reported(), ElementsAre(told));
+  office.host->main->Open();
+  loop.Post([&] { loop.Post(close); });
   EXPECT_THAT(Fill(office.kDon, "Tipo"), ElementsAre("0049150057789"));
-  EXPECT_THAT(Reported(), ElementsAre("VerError fillValorCampos frmDatos VelmarExportacion 3704"));
+  EXPECT_THAT(Reported(), ElementsAre(told));
+}
+
+TEST_F(frmDatosTest, AcceptedValueGoesToTheCaretOrOverTheSelectionOfTheFilter) {
+  Add(kRec, {"Importe"});
+  const auto accept = [](frmDatos& dialog) {
+    EXPECT_TRUE(dialog.cmdDatos(frmDatos::kAccept).UserClick());
+    return !dialog.Visible();
+  };
+  const struct {
+    long start;
+    long length;
+    std::function<void(frmDatos&)> act;
+    std::string filter;
+    long caret;
+  } cases[] = {
+      {10, 2, [&](frmDatos& dialog) { EXPECT_TRUE(accept(dialog)) << "an empty box"; }, "{ñ} < `v1´ [Y]", 10},
+      {7, 2,
+       [&](frmDatos& dialog) {
+         EXPECT_TRUE(dialog.txtDatos.UserType("ó 5"));
+         EXPECT_TRUE(accept(dialog));
+       },
+       "{ñ} < `ó 5´ [Y]", 15},
+      {7, 0,
+       [&](frmDatos& dialog) {
+         EXPECT_TRUE(dialog.optDatos(frmDatos::kPicked).UserClick());
+         EXPECT_FALSE(accept(dialog)) << "nothing is chosen";
+         EXPECT_TRUE(dialog.lstDatos.UserClick(1));
+         EXPECT_TRUE(accept(dialog));
+       },
+       "{ñ} < `9v1´ [Y]", 15},
+  };
+  for (const auto& test : cases) {
+    SCOPED_TRACE(test.filter);
+    form->txtFiltro.Text("{ñ} < `v1´ [Y]");
+    EXPECT_TRUE(form->txtFiltro.UserSetCaret(test.start, test.length));
+    office.toolkit.WhenShown("frmDatos",
+                             [&](toolkit::Form& shown) { test.act(dynamic_cast<frmDatos&>(shown)); });
+    EXPECT_TRUE(form->cmdVerDatos.UserClick());
+    EXPECT_EQ(form->txtFiltro.Text(), test.filter);
+    EXPECT_EQ(form->txtFiltro.SelStart(), test.caret);
+  }
+  EXPECT_THAT(office.Boxes(), ElementsAre("+48 ¡Debe seleccionar un elemento de la lista!"));
 }
 
 }  // namespace
