@@ -4,17 +4,14 @@
 #include <string_view>
 #include <vector>
 
+#include "query/Selection.h"
+
 namespace velmar::templates {
 
 /// What a template keeps: the fields of the grid with their filters, and the sort list.
 struct TemplateContent {
-  /// One row of the grid.
-  struct Field {
-    std::string tabla;   ///< the node, for example "(REC) Recibos"
-    std::string campo;   ///< the field's literal
-    std::string filtro;  ///< as typed; empty for none
-    long idCampo = 0;    ///< the field's number in the catalogue, which need not hold it any more
-  };
+  /// One row of the grid. The catalogue need not hold its number any more.
+  using Field = Selection::Row;
   /// One item of the sort list.
   struct SortItem {
     std::string text;  ///< see SortText

@@ -7,8 +7,7 @@
 namespace velmar::templates {
 
 /// The controls of the wizard that a template is taken from and put into: the grid `msgSeleccionados`, with
-/// node, literal and filter in columns 0 to 2, the field's number in RowData and one head row, and the sort
-/// list `lstOrden`. They are borrowed.
+/// the rows of GridRow.h below one head row, and the sort list `lstOrden`. They are borrowed.
 class TemplateControls {
  public:
   TemplateControls(controls::Grid& msgSeleccionados, controls::ListBox& lstOrden)

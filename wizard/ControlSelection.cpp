@@ -1,8 +1,6 @@
 #include "wizard/ControlSelection.h"
 
-#include <utility>
-
-#include "wizard/SelectionGrid.h"
+#include "templates/GridRow.h"
 
 namespace velmar::wizard {
 
@@ -10,9 +8,7 @@ Selection ReadSelection(const controls::Grid& msgSeleccionados, const controls::
                         const controls::OptionButton& optCompleta) {
   Selection selection;
   for (long row = 1; row < msgSeleccionados.Rows(); ++row) {
-    GridField field = ReadField(msgSeleccionados, row);
-    selection.rows.push_back(
-        {std::move(field.node), std::move(field.literal), std::move(field.filter), field.idCampo});
+    selection.rows.push_back(templates::ReadRow(msgSeleccionados, row));
   }
   for (long item = 0; item < lstOrden.ListCount(); ++item) selection.order.push_back(lstOrden.ItemData(item));
   selection.relation = optCompleta.Value() ? Selection::Relation::kComplete : Selection::Relation::kPartial;

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "query/Selection.h"
+#include "templates/GridRow.h"
 #include "wizard/ExportControls.h"
 #include "wizard/SelectionGrid.h"
 
@@ -97,8 +99,9 @@ void FieldSelection::AgregarCamposARejilla() {
   const std::string node = cboExportar_.Text();
   for (long item = 0; item < lstDisponibles_.ListCount(); ++item) {
     if (!lstDisponibles_.Selected(item)) continue;
-    InsertField(msgSeleccionados_, {node, lstDisponibles_.List(item), {}, lstDisponibles_.ItemData(item)},
-                msgSeleccionados_.Rows());
+    templates::InsertRow(msgSeleccionados_,
+                         {node, lstDisponibles_.List(item), {}, lstDisponibles_.ItemData(item)},
+                         msgSeleccionados_.Rows());
   }
 }
 
@@ -115,9 +118,9 @@ void FieldSelection::QuitarDisponiblesSeleccionados() {
 void FieldSelection::DevolverCamposDeRejilla() {
   const std::string shownNode = cboExportar_.Text();
   for (long row = msgSeleccionados_.Row(); row <= msgSeleccionados_.RowSel(); ++row) {
-    const GridField field = ReadField(msgSeleccionados_, row);
-    if (field.node == shownNode) {
-      lstDisponibles_.AddItem(field.literal);
+    const Selection::Row field = templates::ReadRow(msgSeleccionados_, row);
+    if (field.tabla == shownNode) {
+      lstDisponibles_.AddItem(field.campo);
       lstDisponibles_.ItemData(lstDisponibles_.NewIndex(), field.idCampo);
     }
     order_.EliminarDeOrden(OrderText(msgSeleccionados_, row));
@@ -133,9 +136,9 @@ void FieldSelection::cmdCampos_Click(int index) {
   const long from = msgSeleccionados_.Row();
   if (from == (up ? 1 : msgSeleccionados_.Rows() - 1)) return;
   const long to = up ? from - 1 : from + 1;
-  const GridField field = ReadField(msgSeleccionados_, from);
+  const Selection::Row field = templates::ReadRow(msgSeleccionados_, from);
   msgSeleccionados_.RemoveItem(from);
-  InsertField(msgSeleccionados_, field, to);
+  templates::InsertRow(msgSeleccionados_, field, to);
   msgSeleccionados_.Row(to);
   msgSeleccionados_.TopRow(to);
 }

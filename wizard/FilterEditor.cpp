@@ -4,6 +4,7 @@
 
 #include "platform/text/Characters.h"
 #include "query/FilterBalance.h"
+#include "templates/GridRow.h"
 #include "wizard/ExportControls.h"
 #include "wizard/FilterOperators.h"
 #include "wizard/SelectionGrid.h"
@@ -73,24 +74,24 @@ void FilterEditor::Assign() {
           AboutField("¿Desea asignar el filtro al campo (- ", " -), seleccionado en la rejilla?"))) {
     return;
   }
-  msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), kFilterColumn, txtFiltro_.Text());
+  msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), templates::kFiltroColumn, txtFiltro_.Text());
   txtFiltro_.Text("");
 }
 
 void FilterEditor::Remove() {
   if (!HasFieldRow(msgSeleccionados_)) return;
-  if (msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), kFilterColumn).empty()) return;
+  if (msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), templates::kFiltroColumn).empty()) return;
   if (!messages_.Confirm(AboutField("¿Desea eliminar el filtro asignado al campo (- ",
                                     " -), seleccionado en la rejilla?"))) {
     return;
   }
-  msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), kFilterColumn, "");
+  msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), templates::kFiltroColumn, "");
   txtFiltro_.Text("");
 }
 
 void FilterEditor::mnuAgregarFiltro_Click() {
   if (!HasFieldRow(msgSeleccionados_)) return;
-  InsertAtCaret("{" + msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), kLiteralColumn) + "}");
+  InsertAtCaret("{" + msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), templates::kCampoColumn) + "}");
 }
 
 void FilterEditor::mnuEliminarFiltro_Click() {
@@ -99,7 +100,7 @@ void FilterEditor::mnuEliminarFiltro_Click() {
 
 void FilterEditor::mnuVerFiltro_Click() {
   if (!HasFieldRow(msgSeleccionados_)) return;
-  txtFiltro_.Text(msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), kFilterColumn));
+  txtFiltro_.Text(msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), templates::kFiltroColumn));
   txtFiltro_.SelStart(LengthOf(txtFiltro_));
 }
 
@@ -123,7 +124,7 @@ bool FilterEditor::ValidarFiltro() const {
 
 std::string FilterEditor::AboutField(std::string_view before, std::string_view behind) const {
   return std::string(before)
-      .append(msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), kLiteralColumn))
+      .append(msgSeleccionados_.TextMatrix(msgSeleccionados_.Row(), templates::kCampoColumn))
       .append(behind);
 }
 

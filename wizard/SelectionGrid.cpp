@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "templates/GridRow.h"
 #include "templates/TemplateContent.h"
 
 namespace velmar::wizard {
@@ -36,22 +37,9 @@ bool HasFieldRow(const controls::Grid& grid) {
   return grid.RowSel() != 0;
 }
 
-GridField ReadField(const controls::Grid& grid, long row) {
-  return {grid.TextMatrix(row, kNodeColumn), grid.TextMatrix(row, kLiteralColumn),
-          grid.TextMatrix(row, kFilterColumn), grid.RowData(row)};
-}
-
-void InsertField(controls::Grid& grid, const GridField& field, long row) {
-  // Cell by cell, since a tab that was pasted into a filter would part it in AddItem.
-  grid.AddItem("", row);
-  grid.TextMatrix(row, kNodeColumn, field.node);
-  grid.TextMatrix(row, kLiteralColumn, field.literal);
-  grid.TextMatrix(row, kFilterColumn, field.filter);
-  grid.RowData(row, field.idCampo);
-}
-
 std::string OrderText(const controls::Grid& grid, long row) {
-  return templates::SortText(grid.TextMatrix(row, kNodeColumn), grid.TextMatrix(row, kLiteralColumn));
+  return templates::SortText(grid.TextMatrix(row, templates::kTablaColumn),
+                             grid.TextMatrix(row, templates::kCampoColumn));
 }
 
 }  // namespace velmar::wizard

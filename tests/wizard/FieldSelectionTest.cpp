@@ -36,7 +36,7 @@ TEST_F(FieldSelectionTest, FieldsStandInTheListOfTheirNodeOrInTheGrid) {
   SelectRows(2, 3);
   EXPECT_TRUE(form->msgSeleccionados.UserDoubleClick());
   EXPECT_THAT(Order(), ElementsAre("(COL) Árbol=4"));
-  form->msgSeleccionados.TextMatrix(1, kFilterColumn, "{Árbol} = `x´");
+  form->msgSeleccionados.TextMatrix(1, templates::kFiltroColumn, "{Árbol} = `x´");
   EXPECT_TRUE(form->msgSeleccionados.UserDoubleClick());
   EXPECT_THAT(Grid(), IsEmpty());
   EXPECT_EQ(form->msgSeleccionados.TextMatrix(0, 0), "Tabla");
@@ -60,7 +60,7 @@ TEST_F(FieldSelectionTest, WarnsWhereNothingIsSelected) {
 TEST_F(FieldSelectionTest, ArrowsMoveTheCurrentRowAloneWithAllThatItHolds) {
   Add(kCol, {"Apellidos", "Árbol", "ciudad"});
   const std::string filter = "{Árbol} = `a\tb´\r\n";
-  form->msgSeleccionados.TextMatrix(2, kFilterColumn, filter);
+  form->msgSeleccionados.TextMatrix(2, templates::kFiltroColumn, filter);
   SelectRows(2, 3);
   const auto move = [&](int button) { EXPECT_TRUE(form->cmdCampos(button).UserClick()); };
   move(Controls::kFieldDown);

@@ -84,7 +84,7 @@ TEST_F(FilterEditorTest, AssignsToTheCurrentRowAfterAQuestion) {
 
 TEST_F(FilterEditorTest, ShowsAndRemovesTheFilterOfTheCurrentRow) {
   Add(kCol, {"ciudad", "Nombre"});
-  form->msgSeleccionados.TextMatrix(1, kFilterColumn, "{ñ}");
+  form->msgSeleccionados.TextMatrix(1, templates::kFiltroColumn, "{ñ}");
   SelectRows(1, 2);
   ChooseMenu("Ver filtro");
   EXPECT_EQ(Box(), "{ñ}");

@@ -9,7 +9,7 @@
 
 #include "host/interfaces/modVelmarExportacion.h"
 #include "platform/toolkit/MakeForm.h"
-#include "wizard/SelectionGrid.h"
+#include "templates/GridRow.h"
 #include "wizard/WizardOffice.h"
 #include "wizard/frmExportacion.h"
 
@@ -91,8 +91,8 @@ class OpenWizard : public ::testing::Test {
   std::vector<std::string> Grid() const {
     std::vector<std::string> rows;
     for (long row = 1; row < form->msgSeleccionados.Rows(); ++row) {
-      const auto field = wizard::ReadField(form->msgSeleccionados, row);
-      rows.push_back(field.node.substr(0, 5) + "|" + field.literal + "|" + field.filter + "=" +
+      const auto field = templates::ReadRow(form->msgSeleccionados, row);
+      rows.push_back(field.tabla.substr(0, 5) + "|" + field.campo + "|" + field.filtro + "=" +
                      std::to_string(field.idCampo));
     }
     return rows;
