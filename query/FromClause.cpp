@@ -7,6 +7,7 @@
 #include "platform/text/Case.h"
 #include "platform/text/Search.h"
 #include "platform/text/Trim.h"
+#include "query/DistinctList.h"
 #include "query/Nodes.h"
 #include "query/SelectionTexts.h"
 
@@ -16,9 +17,9 @@ namespace {
 
 // In the texts of both tables "|" stands for the join word of the clause.
 
-/// The fixed nesting of one combination of nodes.
+/// The fixed nesting of one combination of nodes. They stand in the order of their prefixes, without gaps.
 struct BaseText {
-  std::string_view nodes;
+  std::array<std::string_view, 3> nodes;
   std::string_view text;
 };
 
@@ -36,35 +37,35 @@ constexpr std::string_view kCollaboratorReceipts =
     " ON Recibos.IDRecibo = Cobros.CodRecibo) ON Colaboradores.IDColaborador = Recibos.CodColaborador) ";
 
 constexpr std::array kBaseTexts = {
-    BaseText{"(COL) Colaboradores", " Colaboradores "},
-    BaseText{"(COL) Colaboradores, (DON) Donativos/Suscripciones",
+    BaseText{{kColaboradores}, " Colaboradores "},
+    BaseText{{kColaboradores, kDonativos},
              " (Colaboradores | Donativos ON Colaboradores.IDColaborador = Donativos.CodColaborador) "},
-    BaseText{"(COL) Colaboradores, (REC) Recibos", kCollaboratorReceipts},
-    BaseText{"(COL) Colaboradores, (DON) Donativos/Suscripciones, (REC) Recibos", kCollaboratorReceipts},
-    BaseText{"(COL) Colaboradores, (REM) Remesas",
+    BaseText{{kColaboradores, kRecibos}, kCollaboratorReceipts},
+    BaseText{{kColaboradores, kDonativos, kRecibos}, kCollaboratorReceipts},
+    BaseText{{kColaboradores, kRemesas},
              " (Colaboradores | ((Recibos | Remesas ON Recibos.CodRemesa = Remesas.IDRemesa)"
              " | Cobros ON Recibos.IDRecibo = Cobros.CodRecibo)"
              " ON Colaboradores.IDColaborador = Recibos.CodColaborador) "},
-    BaseText{"(COL) Colaboradores, (REC) Recibos, (REM) Remesas",
+    BaseText{{kColaboradores, kRecibos, kRemesas},
              " (Colaboradores | ((Recibos | Remesas ON Recibos.CodRemesa = Remesas.IDRemesa)"
              " | (Cobros | Donativos ON Cobros.CodDonativo = Donativos.IDDonativo)"
              " ON Recibos.IDRecibo = Cobros.CodRecibo)"
              " ON Colaboradores.IDColaborador = Recibos.CodColaborador) "},
-    BaseText{"(COL) Colaboradores, (MOD) Modelo182",
+    BaseText{{kColaboradores, kModelo182},
              " (Colaboradores | Modelo182Hacienda"
              " ON Colaboradores.IDColaborador = Modelo182Hacienda.CodColaborador) "},
-    BaseText{"(DON) Donativos/Suscripciones", " Donativos "},
-    BaseText{"(DON) Donativos/Suscripciones, (REC) Recibos",
+    BaseText{{kDonativos}, " Donativos "},
+    BaseText{{kDonativos, kRecibos},
              " (Donativos | (Cobros | Recibos ON Cobros.CodRecibo = Recibos.IDRecibo)"
              " ON Donativos.IDDonativo = Cobros.CodDonativo) "},
-    BaseText{"(REC) Recibos",
+    BaseText{{kRecibos},
              " (Recibos | (Cobros | Donativos ON Cobros.CodDonativo = Donativos.IDDonativo)"
              " ON Recibos.IDRecibo = Cobros.CodRecibo) "},
-    BaseText{"(REC) Recibos, (REM) Remesas",
+    BaseText{{kRecibos, kRemesas},
              " ((Recibos | Remesas ON Recibos.CodRemesa = Remesas.IDRemesa)"
              " | (Cobros | Donativos ON Cobros.CodDonativo = Donativos.IDDonativo)"
              " ON Recibos.IDRecibo = Cobros.CodRecibo) "},
-    BaseText{"(REM) Remesas",
+    BaseText{{kRemesas},
              " remesas | ((Recibos | (Emisores_Cuentas | (Cuentas | sucursales"
              " ON cuentas.codsucursal = sucursales.idsucursal)"
              " ON Emisores_cuentas.codCuenta = Cuentas.idcuenta)"
@@ -73,7 +74,7 @@ constexpr std::array kBaseTexts = {
              " ON Emisores.codPresentador=Presentadores.IDPresentador)"
              " ON Emisores.idemisor=emisores_cuentas.codemisor)"
              " ON remesas.idremesa=recibos.codremesa"},
-    BaseText{"(MOD) Modelo182", " Modelo182Hacienda "},
+    BaseText{{kModelo182}, " Modelo182Hacienda "},
 };
 
 constexpr std::string_view kTipoDonativos =
@@ -112,6 +113,15 @@ constexpr std::array kLookupJoins = {
                kRemesas},
 };
 
+/// As ObtenerStrTablasSeleccionadas joins them.
+std::string Joined(const std::array<std::string_view, 3>& nodes) {
+  DistinctList list;
+  for (const std::string_view node : nodes) {
+    if (!node.empty()) list.Add(node);
+  }
+  return list.Joined();
+}
+
 }  // namespace
 
 std::string GenerarSQLFROM(const Selection& selection, const Collection<cCampos>& mcolCampos,
@@ -120,7 +130,7 @@ std::string GenerarSQLFROM(const Selection& selection, const Collection<cCampos>
   const std::string fields = text::FoldCase(ObtenerStrCamposSeleccionados(selection, mcolCampos, report));
 
   const auto base = std::find_if(kBaseTexts.begin(), kBaseTexts.end(),
-                                 [&](const BaseText& candidate) { return candidate.nodes == nodes; });
+                                 [&](const BaseText& candidate) { return Joined(candidate.nodes) == nodes; });
   std::string opening;
   std::string lookups;
   for (const LookupJoin& lookup : kLookupJoins) {
