@@ -47,7 +47,7 @@ class Application final : public velmar::HostApplication {
                   "'Colaboradores.Nombre', 'Colaboradores.Nombre', 1, '(COL) Colaboradores')",
          fields + "(2, 'colaboradores.cuota', 'Cuota', '', 'Colaboradores.Cuota AS Cuota', "
                   "'Colaboradores.Cuota', 'Colaboradores.Cuota', 1, '(COL) Colaboradores')",
-         "CREATE TABLE ExportacionPlantillasTEMP (Nombre TEXT(50), CodUsuario LONG, LiteralTabla TEXT(40), "
+         "CREATE TABLE ExportacionPlantillasTEMP (Nombre TEXT(150), CodUsuario LONG, LiteralTabla TEXT(40), "
          "IDCampo SHORT, LiteralCampo TEXT(60), OrdenCampo SHORT, FiltroCampo MEMO)"});
   }
 
