@@ -24,7 +24,7 @@ std::string NameOf(const std::string& path) {
 std::optional<std::string> OwnersFile(const std::string& path) {
   const std::string folder = path.substr(0, path.size() - NameOf(path).size());
   for (const std::string& name : {".~lock." + NameOf(path) + "#", "~$" + NameOf(path)}) {
-    if (auto found = files::Resolve(folder + name)) return found;
+    if (auto found = files::ResolveForChange(folder + name)) return found;
   }
   return std::nullopt;
 }
@@ -51,7 +51,7 @@ std::string CheckTarget(const std::string& strFichero, const WorkFiles& workFile
            "ni el nombre ni la carpeta pueden contener los caracteres [ ] ; * ?. Elija otro nombre.");
   }
   std::string path = files::ResolveForCreation(strFichero);
-  const auto existing = files::Resolve(path);
+  const auto existing = files::ResolveForChange(path);
   if (existing && workFiles.IsHostDatabase(*existing)) {
     Refuse(kPermissionDenied, strFichero, "es una base de datos de la aplicación. Elija otro nombre.");
   }

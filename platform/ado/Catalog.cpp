@@ -11,7 +11,7 @@ namespace ADOX {
 void Catalog::Create(const std::string& connectionText) {
   const ADODB::ConnectionText settings(connectionText);
   const std::string path = settings.DataSource();
-  if (const auto existing = velmar::files::Resolve(path)) {
+  if (const auto existing = velmar::files::ResolveForChange(path)) {
     throw velmar::RuntimeError(
         velmar::kFileAlreadyExists,
         "No se ha creado la base de datos: ya existe " + *existing + ". Bórrelo o elija otro nombre.",

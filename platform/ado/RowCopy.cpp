@@ -27,7 +27,7 @@ using velmar::jet::StatementKind;
 constexpr const char* kSource = "ADODB.Connection";
 
 Workbook WorkbookAt(const std::string& path) {
-  if (const auto found = velmar::files::Resolve(path)) return Workbook(*found);
+  if (const auto found = velmar::files::ResolveForChange(path)) return Workbook(*found);
   return Workbook(velmar::files::ResolveForCreation(path));
 }
 

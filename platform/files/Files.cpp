@@ -65,7 +65,7 @@ std::vector<std::string> Matches(std::string_view path) {
   const WrittenPath written(path);
   std::vector<std::string> found;
   if (written.Name().empty()) return found;
-  written.VisitFolders([&](const fs::path& folder) {
+  written.VisitOwnFolder([&](const fs::path& folder) {
     found = MatchesIn(folder, written.Name());
     return !found.empty();
   });

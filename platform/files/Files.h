@@ -7,7 +7,9 @@
 namespace velmar::files {
 
 // A path may hold `*` and `?` in its last part. Its parts match regardless of case and separate with `/` or
-// `\`. Only files are matched, never folders.
+// `\`. Only files are matched, never folders. A folder that exists exactly as written is the only one looked
+// into: on a file system that tells capitals apart, another spelling is another folder, whose files are not
+// to be deleted.
 
 /// The real paths of all files that the path means, in the order of their names: with a pattern every file of
 /// the folder that matches, otherwise at most one, the one spelt as written if there is one.

@@ -1,18 +1,22 @@
 #include "platform/files/Paths.h"
 
 #include <filesystem>
+#include <functional>
 
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
 #include "platform/files/WrittenPath.h"
 
 namespace velmar::files {
+namespace {
 
-std::optional<std::string> Resolve(std::string_view path) {
+using FolderVisits = bool (WrittenPath::*)(const std::function<bool(const std::filesystem::path&)>&) const;
+
+std::optional<std::string> Find(std::string_view path, FolderVisits visitFolders) {
   if (path.empty()) return std::nullopt;
   const WrittenPath written(path);
   std::optional<std::string> found;
-  written.VisitFolders([&](const std::filesystem::path& folder) {
+  (written.*visitFolders)([&](const std::filesystem::path& folder) {
     if (written.Name().empty()) {
       found = ToText(folder);
       return true;
@@ -23,6 +27,16 @@ std::optional<std::string> Resolve(std::string_view path) {
     });
   });
   return found;
+}
+
+}  // namespace
+
+std::optional<std::string> Resolve(std::string_view path) {
+  return Find(path, &WrittenPath::VisitFolders);
+}
+
+std::optional<std::string> ResolveForChange(std::string_view path) {
+  return Find(path, &WrittenPath::VisitOwnFolder);
 }
 
 std::string ResolveForCreation(std::string_view path) {

@@ -61,6 +61,14 @@ bool WrittenPath::VisitFolders(const Visit& visit) const {
   return VisitBelow(root_, folders_, 0, visit);
 }
 
+bool WrittenPath::VisitOwnFolder(const Visit& visit) const {
+  std::filesystem::path written = root_;
+  for (const std::string& folder : folders_) written /= FromText(folder);
+  std::error_code error;
+  if (std::filesystem::is_directory(Readable(written), error)) return visit(written);
+  return VisitFolders(visit);
+}
+
 std::vector<std::string> NamesIn(const std::filesystem::path& folder) {
   std::error_code error;
   const std::filesystem::path real = Readable(folder);

@@ -21,6 +21,8 @@ class WrittenPath {
   /// Calls `visit` with each existing folder that the part before the name may mean, the best first, until it
   /// gives true. True if it did. The current folder for a path without folders.
   bool VisitFolders(const std::function<bool(const std::filesystem::path&)>& visit) const;
+  /// The same, but a folder that exists exactly as written is the only one.
+  bool VisitOwnFolder(const std::function<bool(const std::filesystem::path&)>& visit) const;
 
  private:
   std::filesystem::path root_;

@@ -118,6 +118,16 @@ TEST_F(ExportRun, FilesOfAnotherWizardAreLeftAloneAndThoseOfEarlierRunsGo) {
   EXPECT_ANY_THROW(office.Run("SELECT * FROM ExportacionExcel"));
 }
 
+TEST_F(ExportRun, FoldersThatDifferInCapitalsAreOthers) {
+  office.AddPeople(3);
+  const Names others{"datos/ExportacionAux.mdb", "datos/ExportacionExcel0.mdb", "DATOS/SALIDA.XLS",
+                     "DATOS/~$Salida.xls", "datos/Salida.xls"};
+  for (const std::string& name : others) office.folder.Touch(name);
+  ExpectExports();
+  ExpectExports();  // over the workbook of the first time
+  for (const std::string& name : others) EXPECT_EQ(office.folder.Read(name), "x") << name;
+}
+
 TEST(ExportRunRows, StagingThatFailsIsToldAndLosesTheOldTargetOnly) {
   const std::tuple<const char*, const char*, const char*, const char*> failures[] = {
       {kCol, "Colaboradores.NIF", "{NIF} [Parecido a] `1´", "SELECT 1"},

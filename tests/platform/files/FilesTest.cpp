@@ -10,7 +10,6 @@ namespace {
 
 TEST(Files, DirGivesTheFirstNameThatMatches) {
   const TemporaryFolder folder;
-  folder.Touch("datos/otro.mdb");
   folder.Touch("Datos/ExportacionExcel2.mdb");
   folder.Touch("Datos/ExportacionAux.mdb");
   folder.Touch("Datos/Exportacion.carpeta.mdb/x");
@@ -30,6 +29,17 @@ TEST(Files, KillDeletesExactlyWhatMatches) {
   EXPECT_EQ(folder.Names(), (std::set<std::string>{"EXPORTACION.XLS", "ExportacionX.mdb", "Otros"}));
   EXPECT_TRUE(folder.Has("Otros/ExportacionAux.mdb"));
   EXPECT_EQ(FailureOf([&] { Kill(folder / "Exportacion*.mdb"); }), kFileNotFound);
+}
+
+TEST(Files, FolderThatExistsAsWrittenIsTheOnlyOne) {
+  const TemporaryFolder folder;
+  for (const char* name : {"Datos/a/otro.mdb", "datos/a/Exportacion.mdb", "DATOS/x"}) folder.Touch(name);
+  EXPECT_EQ(Dir(folder / "Datos/a/Exportacion*.mdb"), "");
+  for (const char* name : {"Datos/a/Exportacion*.mdb", "Datos/a/Exportacion.mdb"}) {
+    EXPECT_EQ(FailureOf([&] { Kill(folder / name); }), kFileNotFound) << name;
+  }
+  Kill(folder / "DATOS/a/Exportacion*.mdb");
+  EXPECT_FALSE(folder.Has("datos/a/Exportacion.mdb"));
 }
 
 TEST(Files, KillTellsWhatItCannotDelete) {
