@@ -1,6 +1,8 @@
 #include "export/TargetFile.h"
 
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
@@ -43,6 +45,26 @@ void RequireUnused(const std::string& strFichero, const std::string& path) {
   }
 }
 
+/// What is no file cannot make way, and what is written to a link goes where the link leads.
+void RequireFileOrNothing(const std::string& strFichero, const std::string& path) {
+  using std::filesystem::file_type;
+  std::error_code failure;
+  if (!std::filesystem::exists(std::filesystem::symlink_status(path, failure))) return;
+  switch (std::filesystem::status(path, failure).type()) {
+    case file_type::regular:
+      return;
+    case file_type::directory:
+      Refuse(kPermissionDenied, strFichero, "ese nombre es el de una carpeta. Elija otro nombre.");
+    case file_type::not_found:
+      Refuse(kPermissionDenied, strFichero,
+             "ese nombre es el de un enlace que no lleva a ningún archivo. Borre el enlace o elija otro "
+             "nombre.");
+    default:
+      Refuse(kPermissionDenied, strFichero,
+             "lo que hay con ese nombre no es un archivo en el que se pueda escribir. Elija otro nombre.");
+  }
+}
+
 }  // namespace
 
 std::string CheckTarget(const std::string& strFichero, const WorkFiles& workFiles) {
@@ -71,6 +93,7 @@ std::string CheckTarget(const std::string& strFichero, const WorkFiles& workFile
 
 std::string PrepareTarget(const std::string& strFichero, const WorkFiles& workFiles) {
   std::string path = CheckTarget(strFichero, workFiles);
+  RequireFileOrNothing(strFichero, path);
   if (!files::Dir(path, 32).empty()) files::Kill(path);
   return path;
 }

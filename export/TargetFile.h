@@ -12,7 +12,8 @@ namespace velmar::exporting {
 /// since nobody was asked about that one. Nothing is touched.
 std::string CheckTarget(const std::string& strFichero, const WorkFiles& workFiles);
 
-/// The same, and makes way for it: deletes the file of that name, which the user has agreed to.
+/// The same, and makes way for it: deletes the file of that name, which the user has agreed to. What stands
+/// there without being a file, a folder or a link to nothing for instance, is refused.
 std::string PrepareTarget(const std::string& strFichero, const WorkFiles& workFiles);
 
 }  // namespace velmar::exporting

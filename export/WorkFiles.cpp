@@ -97,8 +97,8 @@ void WorkFiles::RemoveAll() const {
 }
 
 bool WorkFiles::IsWorkFile(const std::string& path) const {
-  const std::filesystem::path file(path);
   std::error_code failure;
+  const std::filesystem::path file = std::filesystem::absolute(path, failure);
   if (!std::filesystem::equivalent(file.parent_path(), FilePath(""), failure)) return false;
   const std::string name = file.filename().string();
   return files::NamePattern(kAllWorkFiles).Matches(name) || files::NamePattern(kLockFile).Matches(name);

@@ -73,6 +73,8 @@ INSTANTIATE_TEST_SUITE_P(Boundaries, RowCount,
 TEST_F(ExportRun, RefusedTargetLeavesAllAsItWas) {
   office.AddPeople(3);
   office.Touch({"Salida.xls", "Salida2.xls", "a1.xls", "Vista.xls", "~$Vista.xls", "ExportacionAux.mdb"});
+  std::filesystem::create_directory(office.Path("Mes.xls"));
+  std::filesystem::create_symlink("nada", office.Path("Enlace.xls"));
   const FileNames before = office.Files();
   const std::pair<const char*, const char*> cases[] = {
       {"a?.xls", "caracteres"},
@@ -80,6 +82,8 @@ TEST_F(ExportRun, RefusedTargetLeavesAllAsItWas) {
       {"SALIDA.xls", "mayúsculas"},
       {"informes.MDB", "aplicación"},
       {"no hay/Salida.xls", "carpeta"},
+      {"Mes.xls", "el de una carpeta"},
+      {"Enlace.xls", "enlace"},
       {"Vista.xls", "~$Vista.xls"},
       {"exportacionExcel7.MDB", "de trabajo"},
   };

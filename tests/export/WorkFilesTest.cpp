@@ -18,6 +18,14 @@ TEST(WorkFiles, SweepSparesTheHostsDatabasesAndKeepsOtherRunsOut) {
   EXPECT_EQ(office.Files(), (FileNames{"Exportacion enlace.mdb", "ExportacionInformes.mdb", "Gestion.mdb",
                                        "VelmarExportacion.lock"}));
   EXPECT_THROW(files.Reserve(), RuntimeError);
+  for (const char* name : {"EXPORTACIONUno.mdb", "VelmarExportacion.lock"}) {
+    EXPECT_TRUE(files.IsWorkFile(std::filesystem::relative(office.Path(name)))) << name;
+    EXPECT_FALSE(files.IsWorkFile(name)) << name;
+  }
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(office.Path(""));
+  EXPECT_TRUE(files.IsWorkFile("ExportacionUno.mdb"));
+  std::filesystem::current_path(before);
 }
 
 }  // namespace
