@@ -176,7 +176,8 @@ bool ExportRun::Stage(const Selection& selection, const Collection<cCampos>& mco
 Outcome ExportRun::ReportStagingFailed(const ErrObject& Err) {
   failure_ = Err;
   ErrObject ignored;
-  ignored.Try([&] { cIFunciones().CerrarConexion(context_.conAuxiliar); });
+  const bool closed = ignored.Try([&] { cIFunciones().CerrarConexion(context_.conAuxiliar); });
+  if (!closed) context_.conAuxiliar.reset();
   Tell(kStagingFailed, toolkit::kExclamation);
   if (IsOfTheSurroundings(failure_.Number())) TellReason();
   return Outcome::kStagingFailed;
@@ -192,12 +193,11 @@ StagingStatement ExportRun::Statement(const Selection& selection,
 }
 
 void ExportRun::EliminarTablaExportacion() {
-  const auto conGestion = context_.host->conGestion();
   ErrObject Err;
-  Err.Try([&] { conGestion->Execute(std::string("DELETE FROM ") + kTable); });
+  Err.Try([&] { context_.host->conGestion()->Execute(std::string("DELETE FROM ") + kTable); });
   loop_.DoEvents();
-  if (Err.Number() != 0) return;  // there is no such table
-  Err.Try([&] { conGestion->Execute(std::string("DROP TABLE ") + kTable); });
+  if (Err.Number() != 0) return;  // as a rule because there is no such table
+  Err.Try([&] { context_.host->conGestion()->Execute(std::string("DROP TABLE ") + kTable); });
   loop_.DoEvents();
 }
 
@@ -274,7 +274,7 @@ void ExportRun::CleanUpCancelled() {
   HideBar();
   // Each step is tried whatever became of the one before; what cannot be deleted goes with the next run.
   ErrObject ignored;
-  ignored.Try([&] { CloseAuxiliar(); });
+  CloseAuxiliar();
   // Before it has the folder a run has made nothing, and what is there may be another wizard's.
   if (!workFolder_) return;
   ignored.Try([&] { workFiles_.RemoveAll(); });
@@ -289,10 +289,13 @@ void ExportRun::RemoveWorkDatabase() {
   ignored.Try([&] { files::Kill(context_.conAuxiliar->Properties("DATA SOURCE").Value()); });
 }
 
+/// How the run has ended is told by now, and no row is left to be lost.
 void ExportRun::CloseAuxiliar() {
   if (context_.conAuxiliar == nullptr || context_.conAuxiliar->State() != ADODB::kStateOpen) return;
-  context_.conAuxiliar->Close();
-  context_.conAuxiliar = nullptr;
+  // What cannot be closed is let go of with the object.
+  const auto closing = std::exchange(context_.conAuxiliar, nullptr);
+  ErrObject ignored;
+  ignored.Try([&] { closing->Close(); });
 }
 
 void ExportRun::HideBar() {

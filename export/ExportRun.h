@@ -22,8 +22,9 @@ class BlockRun;
 /// How an export ended.
 enum class Outcome {
   kFinished,         ///< The workbook is complete, and the window has been unloaded.
-  kDialogCancelled,  ///< Nothing has been touched.
-  kRefused,          ///< The target cannot be used, or a run is in progress. Nothing has been touched.
+  kDialogCancelled,  ///< Nothing has been touched but a table that an older run has left in the main
+                     ///< database.
+  kRefused,          ///< The target cannot be used, likewise, or a run is in progress.
   kStagingFailed,    ///< The rows could not be staged.
   kNoData,           ///< The selection has no rows.
   kIncomplete,       ///< Rows are missing from the workbook; the user has been told how many and why.

@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "export/TestOffice.h"
+#include "platform/error/OperationObserver.h"
 #include "platform/excel/Workbook.h"
 #include "platform/files/FileLock.h"
 
@@ -168,6 +169,39 @@ TEST_F(ExportRun, SelectionWithoutRowsIsToldAndTheWindowStays) {
   EXPECT_EQ(office.Boxes(), kNoDataBox);
   ExpectOpenWindow();
   office.selection.rows[1].filtro.clear();
+  ExpectExports();
+}
+
+/// What the work database's own connection changes is not kept, so that it cannot be closed.
+struct FullDisk : OperationObserver {
+  void Begins(Operation operation, std::string_view subject) override {
+    if (operation != Operation::kCommit || !subject.ends_with(exporting::kAuxiliaryFile)) return;
+    throw RuntimeError(kDiskFull, "El disco está lleno.");
+  }
+};
+
+TEST_F(ExportRun, WorkDatabaseThatCannotBeClosedIsTold) {
+  office.AddPeople(3);
+  office.Run("UPDATE Colaboradores SET Sexo = 1");
+  office.Select(kCol, "Colaboradores.Sexo & ''", "Sexo");
+  for (const auto& [column, outcome] : {std::pair{"1", kNoData}, {"'recibo'", kStagingFailed}}) {
+    SCOPED_TRACE(column);
+    office.Select(kCol, column, "Otro");
+    FullDisk disk;
+    const OperationObserver::Scope scope(disk);
+    EXPECT_EQ(office.Export(), outcome);
+    const Names boxes = office.Boxes();
+    ASSERT_EQ(boxes.size(), 2U);
+    EXPECT_EQ(boxes[1], "48 La causa no está en la selección.\rEl disco está lleno.");
+    ExpectOpenWindow();
+    office.selection.rows.pop_back();
+  }
+}
+
+TEST_F(ExportRun, MainDatabaseThatCannotBeAskedForALeftTableIsNoFailure) {
+  office.AddPeople(3);
+  office.log->Take();
+  office.log->FailAt(0);
   ExpectExports();
 }
 
