@@ -1,9 +1,11 @@
 #include "export/StagingStatement.h"
 
 #include <array>
+#include <cstddef>
 #include <utility>
 
 #include "export/WorkFiles.h"
+#include "platform/jet/Lexer.h"
 #include "platform/text/Case.h"
 #include "platform/text/Search.h"
 
@@ -22,10 +24,21 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 5> kPendingN
     {"idcobro", "idcobropendiente"},
 }};
 
-std::string WithPendingNames(std::string clause) {
-  clause = LCase(clause);
-  for (const auto& [name, pending] : kPendingNames) clause = Replace(clause, name, pending);
-  return clause;
+/// The text with the change made to all that stands outside of quoted texts: what the user has typed into a
+/// filter is no name and no keyword, whatever it reads like.
+template <typename Change>
+std::string OutsideQuotes(const std::string& text, const Change& change) {
+  std::string changed;
+  std::size_t done = 0;
+  const auto upTo = [&](std::size_t end) { changed += change(text.substr(done, end - done)); };
+  for (const jet::Token& token : jet::Lexer(text).Tokens()) {
+    if (token.kind != jet::TokenKind::kText) continue;
+    upTo(token.span.offset);
+    changed += text.substr(token.span.offset, token.span.length);
+    done = token.span.offset + token.span.length;
+  }
+  upTo(text.size());
+  return changed;
 }
 
 }  // namespace
@@ -48,8 +61,10 @@ bool StagingStatement::Holds(std::string_view piece) const {
 std::string StagingStatement::PendingText() const {
   // Cut where the INTO clause stood, so that the path, whatever it holds, is not rewritten. The blank in
   // front of INTO belongs to the first half: a name at its end is followed by it.
-  const std::string pending = WithPendingNames(select_ + " ") + WithPendingNames(rest_);
-  return Replace(pending, "select", "insert into " + Target() + " select");
+  return OutsideQuotes(LCase(select_ + " " + rest_), [this](std::string piece) {
+    for (const auto& [name, pending] : kPendingNames) piece = Replace(piece, name, pending);
+    return Replace(piece, "select", "insert into " + Target() + " select");
+  });
 }
 
 }  // namespace velmar::exporting

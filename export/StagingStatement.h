@@ -17,7 +17,7 @@ class StagingStatement {
   /// True if the lower-cased statement holds the piece, its path included.
   bool Holds(std::string_view piece) const;
   /// INSERT INTO [path].ExportacionExcel SELECT … over the tables of pending receipts, in lower case but for
-  /// the path.
+  /// the path. Quoted texts keep their words. Raises kQuerySyntax for a text that is no statement.
   std::string PendingText() const;
 
  private:

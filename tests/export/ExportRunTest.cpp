@@ -291,11 +291,11 @@ TEST_F(ExportRun, SecondExportDuringTheFirstIsRefusedWithABeep) {
 }
 
 TEST(ExportRunRows, PendingOnesComeBehindRecodedAndNeverTwice) {
-  // The names of the folder stand in the statement too, and must not be rewritten there.
+  // The folder and the filter stand in the statement too, and must not be rewritten there.
   TestOffice office("Recibos y Cobros d'Ana, select idrecibo");
   office.Run("INSERT INTO Donativos (IDDonativo) VALUES (1)");
   for (const std::string person : {"1, NULL, 1, False", "2, 'Ana', 2, False", "3, 'Ana', 0, False",
-                                   "4, 'Ana', 1, True", "5, 'Recibos de Ana', 2, False"}) {
+                                   "4, 'Ana', 1, True", "5, 'Recibos select de Ana', 2, False"}) {
     office.Run("INSERT INTO Colaboradores (IDColaborador, Nombre, Sexo, Juridico) VALUES (" + person + ")");
   }
   // Each with its key, its payer and its amount; some repeat others.
@@ -307,7 +307,8 @@ TEST(ExportRunRows, PendingOnesComeBehindRecodedAndNeverTwice) {
   }
   office.Run("INSERT INTO Cobros SELECT IDRecibo, 1, 1, 8 FROM Recibos");
   office.Run("INSERT INTO CobrosPendientes SELECT IDReciboPendiente, 1, 1, 8 FROM RecibosPendientes");
-  office.Select(kCol, "Colaboradores.Nombre", "Nombre", "{Nombre} [Que contenga] `ANA´ [O] {} IS NULL");
+  office.Select(kCol, "Colaboradores.Nombre", "Nombre",
+                "{Nombre} = `ANA´ [O] {} [Comience por] `RECIBOS SELECT´ [O] {} IS NULL");
   office.Select(kCol, "Colaboradores.Sexo & ''", "Sexo");
   office.Select(kCol, "Colaboradores.Juridico & ''", "TipoEntidad");
   office.Select(kRec, "Recibos.Importe", "Importe");
@@ -317,10 +318,10 @@ TEST(ExportRunRows, PendingOnesComeBehindRecodedAndNeverTwice) {
   // A NULL in the first row's first field is data, too.
   const Table expected{
       {"", "Hombre", "Física", "60", "8"},
-      {"Recibos de Ana", "Mujer", "Física", "50", "8"},
+      {"Recibos select de Ana", "Mujer", "Física", "50", "8"},
       {"Ana", "Hombre", "Jurídica", "40", "8"},
       {"Ana", "Mujer", "Física", "20", "8"},
-      {"Recibos de Ana", "Mujer", "Física", "51", "8"},
+      {"Recibos select de Ana", "Mujer", "Física", "51", "8"},
       {"Ana", "Hombre", "Jurídica", "41", "8"},
       {"Ana", "", "Física", "30", "8"},
   };
