@@ -29,9 +29,10 @@ void Modelo182::GenerarModelo182() {
   context_.window.Surroundings().MousePointer(11);
   Vaciar();
   const std::shared_ptr<HostApi> api = context_.createApi();
-  std::string ids = FindMissingData();
-  ids += FindInvalidNifs(*api, Exclusion("AND ", ids));
-  Insert(Exclusion(" AND ", ids));
+  const std::string restriction = Restriction();
+  std::string ids = FindMissingData(restriction);
+  ids += FindInvalidNifs(*api, restriction, Exclusion("AND ", ids));
+  Insert(restriction, Exclusion(" AND ", ids));
   MarkKinds();
   context_.window.Surroundings().MousePointer(0);
 }
@@ -53,7 +54,7 @@ void Modelo182::ForEachRow(const std::string& statement, const RowVisitor& visit
   rows.Close();
 }
 
-std::string Modelo182::FindMissingData() {
+std::string Modelo182::FindMissingData(const std::string& restriction) {
   std::string ids;
   const std::string statement =
       "SELECT DISTINCT Colaboradores.IDColaborador AS IDColaborador FROM Colaboradores INNER JOIN (Recibos "
@@ -65,12 +66,13 @@ std::string Modelo182::FindMissingData() {
       "Len(Colaboradores.NIF)>9 OR "
       "Recibos.Importe=0) AND "
       "Colaboradores.Eliminado=0 AND Colaboradores.Modelo182<>0 AND Recibos.Eliminado=0 AND " +
-      Restriction() + "Colaboradores.Juridico=0 AND " + InYear();
+      restriction + "Colaboradores.Juridico=0 AND " + InYear();
   ForEachRow(statement, [&ids](ADODB::Recordset& row) { AppendId(ids, row); });
   return ids;
 }
 
-std::string Modelo182::FindInvalidNifs(HostApi& api, const std::string& exclusion) {
+std::string Modelo182::FindInvalidNifs(HostApi& api, const std::string& restriction,
+                                       const std::string& exclusion) {
   std::string ids;
   const std::string statement =
       "SELECT DISTINCT Colaboradores.IDColaborador as IDColaborador,Colaboradores.NIF AS NIF "
@@ -79,7 +81,7 @@ std::string Modelo182::FindInvalidNifs(HostApi& api, const std::string& exclusio
       "ON Recibos.IDRecibo=Cobros.CodRecibo)ON Colaboradores.IDColaborador=Recibos.CodColaborador "
       "WHERE Colaboradores.Eliminado=0 AND Recibos.Eliminado=0 AND Colaboradores.Modelo182<>0 "
       "AND Colaboradores.Juridico=0 AND " +
-      Restriction() + InYear() + exclusion;
+      restriction + InYear() + exclusion;
   ForEachRow(statement, [&](ADODB::Recordset& row) {
     const ADODB::Field nif = row.Fields("NIF");
     const ADODB::Variant value = nif.Value();
@@ -89,7 +91,7 @@ std::string Modelo182::FindInvalidNifs(HostApi& api, const std::string& exclusio
   return ids;
 }
 
-void Modelo182::Insert(const std::string& exclusion) {
+void Modelo182::Insert(const std::string& restriction, const std::string& exclusion) {
   context_.host->conGestion()->Execute(
       "INSERT INTO Modelo182Hacienda SELECT Colaboradores.IDColaborador AS codColaborador, trim("
       "Colaboradores.Apellido1 + ' ' + Colaboradores.Apellido2 + ' ' + Colaboradores.Nombre) AS "
@@ -103,7 +105,7 @@ void Modelo182::Insert(const std::string& exclusion) {
       "ON Colaboradores.IDColaborador=Recibos.CodColaborador WHERE"
       " Colaboradores.Eliminado=0 AND Colaboradores.Modelo182<>0 AND Colaboradores.Juridico=0 AND "
       "Recibos.Eliminado=0 " +
-      exclusion + " AND " + Restriction() + " " + InYear() +
+      exclusion + " AND " + restriction + " " + InYear() +
       " GROUP BY Colaboradores.IDColaborador,Colaboradores.Nombre,Colaboradores.Apellido1, "
       "Colaboradores.Apellido2,Colaboradores.NIF,Provincias.Nombre,TipoDonativos.TipoA");
 }

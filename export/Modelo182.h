@@ -29,9 +29,9 @@ class Modelo182 {
   using RowVisitor = std::function<void(ADODB::Recordset& row)>;
 
   void ForEachRow(const std::string& statement, const RowVisitor& visit);
-  std::string FindMissingData();
-  std::string FindInvalidNifs(HostApi& api, const std::string& exclusion);
-  void Insert(const std::string& exclusion);
+  std::string FindMissingData(const std::string& restriction);
+  std::string FindInvalidNifs(HostApi& api, const std::string& restriction, const std::string& exclusion);
+  void Insert(const std::string& restriction, const std::string& exclusion);
   void MarkKinds();
   std::string Restriction() const;
   std::string InYear() const;

@@ -86,7 +86,9 @@ TEST(Modelo182, DeclaresEachKindOfEachPersonUnlessThereIsAReason) {
     // Of an earlier run.
     office.Run("INSERT INTO Modelo182Hacienda (codColaborador, Importe) VALUES (101, 7)");
     office.host->brivana = brivana;
+    office.host->brivanaReads = 0;
     ASSERT_EQ(office.Export(), exporting::Outcome::kFinished) << office.run.Failure().Description();
+    EXPECT_EQ(office.host->brivanaReads, 1);
     Table declared = office.Exported();
     std::sort(declared.begin(), declared.end());
     EXPECT_EQ(declared, brivana.value_or(false) ? restricted : expected);

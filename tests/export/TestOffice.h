@@ -29,13 +29,17 @@ using FileNames = std::set<std::string>;
 class TestHost : public RecordingHost {
  public:
   using RecordingHost::RecordingHost;
-  std::optional<bool> Brivana() const override { return brivana; }
+  std::optional<bool> Brivana() const override {
+    ++brivanaReads;
+    return brivana;
+  }
   std::string TituloAplicacion() const override {
     beforeBox();
     return RecordingHost::TituloAplicacion();
   }
 
   std::optional<bool> brivana;
+  mutable int brivanaReads = 0;
   /// Runs when a box is about to show.
   std::function<void()> beforeBox = [] {};
 };
