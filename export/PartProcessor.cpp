@@ -39,7 +39,7 @@ std::vector<PartProcessor::AccountColumn> PartProcessor::PrepareColumns(const st
     if (text::Contains(name, "cuenta")) {
       accounts.push_back({index, rows.Fields(index).Name()});
     } else if (text::Contains(name, "fecha")) {
-      connection.Execute("UPDATE " + strParte + " SET " + name + "='' WHERE " + name + "='//'");
+      connection.Execute("UPDATE " + strParte + " SET [" + name + "]='' WHERE [" + name + "]='//'");
     }
   }
   return accounts;

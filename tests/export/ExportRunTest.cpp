@@ -61,7 +61,7 @@ TEST_P(RowCount, EveryRowStandsOnceInItsSheetInOrder) {
   ExpectExports();
   Names names;
   for (const Table& sheet : sample::ReadWorkbook(office.Path("Salida.xls"))) {
-    EXPECT_EQ(sheet[0], (Names{"Codigo", "Nombre", "CuentaBancaria", "FechaAlta"}));
+    EXPECT_EQ(sheet[0], (Names{"Codigo", "Nombre", "CuentaBancaria", "Fecha de alta"}));
     EXPECT_EQ(sheet.size(), std::min<std::size_t>(64000, GetParam() - 64000 * names.size()) + 1);
     names.push_back("Hoja" + std::to_string(names.size() + 1));
   }

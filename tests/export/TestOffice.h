@@ -171,7 +171,7 @@ class TestOffice {
     Select(kCol, "Colaboradores.IDColaborador", "Codigo");
     Select(kCol, "Colaboradores.Nombre", "Nombre");
     Select(kCol, "Colaboradores.Cuenta", "CuentaBancaria");
-    Select(kCol, "Colaboradores.FechaAlta", "FechaAlta");
+    Select(kCol, "Colaboradores.FechaAlta", "[Fecha de alta]");
     selection.order = {1};
   }
   /// What an export of SelectPeople is to leave, head row excluded.
