@@ -260,23 +260,56 @@ TEST_F(ExportRun, BlockThatFailsIsLeftOutCountedAndTold) {
 
 TEST_F(ExportRun, CancelLeavesNoTraceAtAnyStage) {
   office.AddPeople(8001);
-  for (const RunStage stage : {RunStage::kStaging, RunStage::kCutting, RunStage::kPostProcessing,
-                               RunStage::kSheets, RunStage::kClosing}) {
+  const Selection people = office.selection;
+  const std::tuple<RunStage, const char*, const char*> cases[] = {
+      {RunStage::kModelo182, "(MOD) Modelo182", "Modelo182Hacienda.Importe"},
+      {RunStage::kStaging, kCol, "1"},
+      {RunStage::kPending, kCol, "'recibo'"},
+      {RunStage::kRepeated, kCol, "'recibo'"},
+      {RunStage::kCutting, kCol, "1"},
+      {RunStage::kPostProcessing, kCol, "1"},
+      {RunStage::kSheets, kCol, "1"},
+      {RunStage::kClosing, kCol, "1"},
+  };
+  for (const auto& [stage, node, column] : cases) {
     SCOPED_TRACE(static_cast<int>(stage));
+    bool reached = false;
+    office.selection = people;
+    office.Select(node, column, "Otro");
     office.Run("INSERT INTO Modelo182Hacienda (codColaborador) VALUES (1)");
-    office.onStage = [&](RunStage begun) {
+    office.onStage = [&, stage = stage](RunStage begun) {
       EXPECT_TRUE(office.run.IsRunning());
-      if (begun == stage) office.run.RequestCancel();
+      if (begun != stage) return;
+      reached = true;
+      office.run.RequestCancel();
     };
     EXPECT_EQ(office.Export(), kCancelled);
+    EXPECT_TRUE(reached);
     EXPECT_TRUE(office.Boxes().empty());
     EXPECT_EQ(office.Files(), kOnlyDatabases);
     EXPECT_EQ(office.Rows("SELECT codColaborador FROM Modelo182Hacienda"), Table{});
     ExpectOpenWindow();
   }
   office.onStage = [](RunStage) {};
+  office.selection = people;
   office.run.RequestCancel();  // nothing is in progress
   ExpectExports();
+}
+
+TEST_F(ExportRun, BarCountsTheRowsAndThenTheBlocks) {
+  office.AddPeople(8001);
+  const controls::ProgressBar& bar = office.window->prgExportar;
+  std::vector<std::tuple<RunStage, bool, long, long, long>> notes;
+  office.onStage = [&](RunStage stage) {
+    if (stage < RunStage::kSheets) return;
+    notes.emplace_back(stage, bar.Visible(), bar.Min(), bar.Max(), bar.Value());
+  };
+  ExpectExports();
+  notes.emplace_back(RunStage::kClosing, bar.Visible(), bar.Min(), bar.Max(), bar.Value());
+  EXPECT_EQ(notes, (decltype(notes){{RunStage::kSheets, true, 0, 8002, 8001},
+                                    {RunStage::kClosing, true, 0, 2, 1},
+                                    {RunStage::kClosing, false, 0, 2, 2}}));
+  EXPECT_EQ(office.window->dlgExportar.Flags(), 8198);
 }
 
 TEST_F(ExportRun, SecondExportDuringTheFirstIsRefusedWithABeep) {

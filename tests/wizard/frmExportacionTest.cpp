@@ -66,6 +66,15 @@ TEST_F(frmExportacionTest, ExportsOnlyAValidSelectionWithTheHourglassWhateverBec
   EXPECT_EQ(office.toolkit.MousePointer(), 0);
 }
 
+TEST_F(frmExportacionTest, AsksForAWorkbooksName) {
+  const controls::CommonDialog& dialog = form->dlgExportar;
+  EXPECT_EQ(dialog.DialogTitle(), "Indique el nombre del archivo para la exportación");
+  EXPECT_EQ(dialog.Filter(), "Archivos de Excel |*.xls|");
+  EXPECT_EQ(dialog.DefaultExt(), "xls");
+  EXPECT_EQ(dialog.InitDir(), "C:\\");
+  EXPECT_TRUE(dialog.CancelError());
+}
+
 TEST_F(frmExportacionTest, DuringAnExportActionsOnlyBeep) {
   Compose();
   const auto before = Shown();
