@@ -1,15 +1,15 @@
 #include "sample/command/TemplateRun.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
-#include "export/ExportRun.h"
 #include "export/StagingStatement.h"
 #include "export/TargetFile.h"
 #include "export/WorkFiles.h"
+#include "platform/text/Search.h"
 #include "sample/command/CancelSignal.h"
 #include "sample/command/CommandError.h"
+#include "sample/command/ExportEnd.h"
 #include "sample/command/ExportProgress.h"
 #include "sample/command/TargetWorkbook.h"
 #include "templates/TemplateControls.h"
@@ -22,19 +22,16 @@ namespace {
 using Controls = wizard::ExportControls;
 using exporting::Outcome;
 
-/// How the wizard's part of an export ended.
-struct End {
-  std::optional<Outcome> outcome;  ///< nothing if the export was refused before it began
-  ErrObject reason;
-};
-
-[[noreturn]] void Fail(const End& end, const std::string& messages) {
-  std::string text = messages.empty() ? "El asistente se cerró sin exportar." : messages;
-  const bool told = text.find(end.reason.Description()) != std::string::npos;
-  if (end.reason.Number() != 0 && !told) text += "\nMotivo: " + end.reason.Description();
-  // Rows that cannot be read are reported like none at all, but with a reason.
-  const bool nothing = end.outcome == Outcome::kNoData && end.reason.Number() == 0;
-  throw CommandError(nothing ? kNothingToExport : kFailed, text);
+/// The wizard knows only the place where the workbook is made, which goes with this command.
+[[noreturn]] void Fail(const ExportEnd& end, std::string messages, const std::string& unfinished,
+                       const std::string& file) {
+  if (end.outcome == Outcome::kIncomplete) {
+    // Its last line says what has become of the unfinished workbook.
+    messages.resize(messages.rfind('\n') + 1);
+    messages += "No se ha escrito el archivo " + file + ". Corrija la causa y vuelva a exportar.";
+  }
+  const CommandError failure = end.Failure(messages);
+  throw CommandError(failure.Code(), text::Replace(failure.what(), unfinished, file));
 }
 
 [[noreturn]] void Cancelled() {
@@ -68,7 +65,7 @@ std::string TemplateRun::Export(const std::string& file, bool overwrite, const T
   TargetWorkbook target(path, overwrite);
   session.User().AnswerFile(target.Unfinished());
   session.User().Loop().Native(&signal);
-  End end;
+  ExportEnd end;
   session.Run([&](wizard::frmExportacion& form) {
     Fill(form, session);
     form.prgExportar.Observe(progress);
@@ -82,10 +79,10 @@ std::string TemplateRun::Export(const std::string& file, bool overwrite, const T
     if (!signal.Raised()) form.cmdExportar(Controls::kExport).UserClick();
     signal.OnTurn({});
   });
-  const bool finished = end.outcome == Outcome::kFinished;
   // Until the workbook is in its place it is not too late.
-  if (end.outcome == Outcome::kCancelled || (signal.Raised() && (finished || !end.outcome))) Cancelled();
-  if (!finished) Fail(end, session.Messages());
+  if (end.outcome == Outcome::kCancelled || (signal.Raised() && (end.Finished() || !end.outcome)))
+    Cancelled();
+  if (!end.Finished()) Fail(end, session.Messages(), target.Unfinished(), path);
   target.Keep();
   return path;
 }
@@ -103,7 +100,7 @@ std::string TemplateRun::Statement() {
                                     form.GenerarSQLFROM() + form.GenerarSQLWHERE() + form.GenerarSQLORDERBY())
             .Text();
   });
-  if (text.empty()) Fail({}, session.Messages());
+  if (text.empty()) throw ExportEnd().Failure(session.Messages());
   // A line break pasted into a filter is a blank to the engine as well.
   std::replace_if(
       text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');

@@ -5,6 +5,7 @@
 
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
+#include "sample/command/ExportEnd.h"
 #include "wizard/frmExportacion.h"
 
 namespace velmar::sample {
@@ -21,18 +22,13 @@ void WizardRun::Export(const std::vector<Field>& fields, const std::string& file
   toolkit::ScriptedToolkit& user = session.User();
   user.AlwaysAnswer(toolkit::kYes, "asignar el filtro");
   user.AnswerFile(std::filesystem::absolute(file).string());
-  bool finished = false;
+  ExportEnd end;
   session.Run([&](wizard::frmExportacion& form) {
-    form.watch.ended = [&](exporting::Outcome outcome, const ErrObject&) {
-      finished = outcome == exporting::Outcome::kFinished;
-    };
+    form.watch.ended = [&](exporting::Outcome outcome, const ErrObject& reason) { end = {outcome, reason}; };
     for (const Field& field : fields) Pick(form, user, field);
     form.cmdExportar(Controls::kExport).UserClick();
   });
-  if (finished) return;
-  const std::string messages = session.Messages();
-  throw RuntimeError(kEngineFailure, messages.empty() ? "El asistente se cerró sin exportar." : messages,
-                     "WizardRun");
+  if (!end.Finished()) throw end.Failure(session.Messages());
 }
 
 void WizardRun::Pick(wizard::frmExportacion& form, toolkit::ScriptedToolkit& user, const Field& field) {

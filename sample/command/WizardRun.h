@@ -20,9 +20,9 @@ class WizardRun {
 
   explicit WizardRun(SampleHost::Settings settings);
 
-  /// Leaves the workbook under this path; one that stands there is replaced. RuntimeError with the wizard's
-  /// own messages if it does not end with a complete workbook, kItemNotInCollection for a field that it does
-  /// not offer.
+  /// Leaves the workbook under this path; one that stands there is replaced. CommandError with the wizard's
+  /// own messages if it does not end with a complete workbook, RuntimeError kItemNotInCollection for a field
+  /// that it does not offer.
   void Export(const std::vector<Field>& fields, const std::string& file);
 
   /// What the user does in the open window for one field. kItemNotInCollection if it is not offered. The user

@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "platform/ado/Catalog.h"
+#include "platform/error/OperationObserver.h"
 #include "sample/AccountCodec.h"
 #include "sample/SampleDatabase.h"
 #include "sample/WorkbookReader.h"
@@ -104,6 +105,25 @@ TEST_F(TemplateRunTest, ReplacesOnlyAWorkbookAndOnlyIfItMay) {
     EXPECT_EQ(RunWords(Order("exportar", "Felicitaciones", {"--fichero", file, "--sobrescribir"})).code, 1);
   }
   ExpectOnly({"Libro.xls"});
+}
+
+/// No workbook gets its cells.
+struct FullDisk : OperationObserver {
+  void Begins(Operation operation, std::string_view subject) override {
+    if (operation != Operation::kWriteFile || !subject.ends_with(".xls")) return;
+    throw RuntimeError(kDiskFull, "No cabe " + std::string(subject) + ".");
+  }
+};
+
+TEST_F(TemplateRunTest, FailureNamesTheFileThatWasAskedFor) {
+  FullDisk disk;
+  const OperationObserver::Scope scope(disk);
+  const Ended ended = RunWords(Exporting("Felicitaciones"));
+  EXPECT_EQ(ended.code, 1);
+  EXPECT_THAT(ended.err,
+              AllOf(HasSubstr("No se ha escrito el archivo " + file_ + "."),
+                    HasSubstr("Motivo: No cabe " + file_ + "."), Not(HasSubstr("velmar-trabajo"))));
+  ExpectOnly({});
 }
 
 TEST_F(TemplateRunTest, ProgressIsDrawnInPlaceOnATerminalOnly) {
