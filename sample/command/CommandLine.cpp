@@ -48,18 +48,19 @@ constexpr std::array<Option, 6> kStatementOptions = {{{"--plantilla"},
                                                       {"--relacion-parcial", true},
                                                       {"--clave-gestion"},
                                                       {"--clave-informes"}}};
-constexpr std::array<Option, 2> kDemoOptions = {{{"--colaboradores"}, {"--semilla"}}};
+constexpr std::array<Option, 3> kDemoOptions = {{{"--colaboradores"}, {"--semilla"}, {"--fecha"}}};
 
 constexpr long long kMaximumUser = std::numeric_limits<std::int32_t>::max();
 
 constexpr const char* kDemoFolder = "out";
 constexpr const char* kDemoWorkbook = "Exportacion.xls";
 
-/// The receipts that were issued last year, collected, pending or not, with whom and what they are for.
-std::vector<WizardRun::Field> DemoSelection() {
+/// The receipts that were issued in the year before the date's, collected, pending or not, with whom and what
+/// they are for.
+std::vector<WizardRun::Field> DemoSelection(const CalendarDate& date) {
   const std::string collaborators = "(COL) Colaboradores";
   const std::string receipts = "(REC) Recibos";
-  const std::string year = std::to_string(static_cast<int>(Today().year()) - 1);
+  const std::string year = std::to_string(static_cast<int>(date.year()) - 1);
   return {{collaborators, "Código de colaborador", "", false},
           {collaborators, "Primer apellido", "", true},
           {collaborators, "Nombre o razón social", "", true},
@@ -114,6 +115,14 @@ GeneratorOptions OptionsOf(const Arguments& arguments, const std::string& folder
   options.collaborators =
       static_cast<long>(arguments.Number("--colaboradores", options.collaborators, 1, kMaximumCollaborators));
   options.seed = static_cast<std::uint64_t>(arguments.Number("--semilla", 1, 0, 9'000'000'000'000'000'000));
+  if (const auto date = arguments.Find("--fecha")) {
+    const auto parsed = ParseDate(*date);
+    if (!parsed || parsed->year() < std::chrono::year{1950} || parsed->year() > std::chrono::year{2100}) {
+      throw UsageError("La opción '--fecha' pide una fecha AAAA-MM-DD de 1950 a 2100; se ha escrito '" +
+                       *date + "'.");
+    }
+    options.date = *parsed;
+  }
   return options;
 }
 
@@ -143,7 +152,7 @@ std::span<const CommandLine::Command> CommandLine::Commands() {
        "      Muestra la sentencia SQL que ejecutaría la exportación, sin exportar.",
        kStatementOptions, &CommandLine::PrintStatement},
       {"demo",
-       "demo [--colaboradores N] [--semilla S]\n"
+       "demo [--colaboradores N] [--semilla S] [--fecha AAAA-MM-DD]\n"
        "      Crea las bases de datos en la carpeta 'out', si faltan, y exporta con el\n"
        "      asistente, sin ventana, los recibos emitidos el año pasado.",
        kDemoOptions, &CommandLine::Demo},
@@ -196,14 +205,6 @@ void CommandLine::PrintUsage(std::ostream& stream) {
 
 void CommandLine::Create(const Arguments& arguments) {
   GeneratorOptions options = OptionsOf(arguments, arguments.Require("--carpeta"));
-  if (const auto date = arguments.Find("--fecha")) {
-    const auto parsed = ParseDate(*date);
-    if (!parsed || parsed->year() < std::chrono::year{1950} || parsed->year() > std::chrono::year{2100}) {
-      throw UsageError("La opción '--fecha' pide una fecha AAAA-MM-DD de 1950 a 2100; se ha escrito '" +
-                       *date + "'.");
-    }
-    options.date = *parsed;
-  }
   options.mainPassword = arguments.Find("--clave-gestion").value_or("");
   options.reportsPassword = arguments.Find("--clave-informes").value_or("");
   Generate(options);
@@ -243,7 +244,7 @@ void CommandLine::Demo(const Arguments& arguments) {
   const std::string file = PathIn(kDemoFolder, kDemoWorkbook);
   SampleHost::Settings settings;
   settings.folder = kDemoFolder;
-  WizardRun(settings).Export(DemoSelection(), file);
+  WizardRun(settings).Export(DemoSelection(options.date), file);
   PrintWorkbook(file);
 }
 

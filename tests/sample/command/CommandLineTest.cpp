@@ -34,7 +34,7 @@ TEST(CommandLineTest, RefusesWhatItDoesNotUnderstandWithTheUsage) {
       {"crear", "--carpeta", "nueva", "--colaborador", "3"},
       {"crear", "--carpeta", "nueva", "--colaboradores", "0"},
       {"crear", "--carpeta", "nueva", "--colaboradores", "12x"},
-      {"crear", "--carpeta", "nueva", "--fecha", "31/12/2025"},
+      {"demo", "--fecha", "31/12/2025"},
       {"crear", "--carpeta", "nueva", "--fecha", "2025-02-29"},
       {"crear", "--carpeta", "nueva", "--fecha", "2025-01-0x"},
       {"crear", "--carpeta", "nueva", "--fecha", "0005-01-01"},
@@ -72,16 +72,16 @@ TEST(CommandLineTest, DemoHasTheWizardExportLastYearsReceipts) {
   const files::TemporaryFolder folder;
   const std::filesystem::path before = std::filesystem::current_path();
   std::filesystem::current_path(folder.Path());
-  const Ended first = RunWords({"demo", "--colaboradores", "50"});
+  const std::vector<std::string> demo = {"demo", "--colaboradores", "50", "--fecha", "2025-11-22"};
+  const Ended first = RunWords(demo);
   EXPECT_EQ(first.code, 0) << first.err;
   const auto sheets = ReadWorkbook("out/Exportacion.xls");
   EXPECT_GT(sheets.at(0).size(), 20U);
   // Pending ones, which would be this year's, come last.
-  EXPECT_TRUE(sheets[0].back()[6].ends_with(std::to_string(static_cast<int>(Today().year()) - 1)));
+  EXPECT_TRUE(sheets[0].back()[6].ends_with("2024"));
   EXPECT_THAT(first.out, HasSubstr("Libro exportado: out/Exportacion.xls"));
 
-  EXPECT_THAT(RunWords({"demo", "--colaboradores", "50"}).out,
-              HasSubstr("que ya están en la carpeta 'out', con 50 colaboradores"));
+  EXPECT_THAT(RunWords(demo).out, HasSubstr("que ya están en la carpeta 'out', con 50 colaboradores"));
   EXPECT_EQ(ReadWorkbook("out/Exportacion.xls"), sheets);
   // What cannot be done with the databases that are there is not passed over in silence.
   ExpectFailure({"demo", "--colaboradores", "60"}, "con 50 colaboradores");
@@ -93,6 +93,10 @@ TEST(CommandLineTest, DemoHasTheWizardExportLastYearsReceipts) {
   }
   std::ofstream("out/.~lock.Exportacion.xls#") << "Ana";
   ExpectFailure({"demo"}, "No se puede exportar al archivo");
+  std::filesystem::remove("out/.~lock.Exportacion.xls#");
+  const Ended nothing = RunWords({"demo", "--fecha", "1990-01-01"});
+  EXPECT_EQ(nothing.code, 3);
+  EXPECT_THAT(nothing.err, HasSubstr("No se han seleccionado datos"));
   std::filesystem::current_path(before);
 }
 

@@ -104,7 +104,14 @@ class Declaration {
 
 TEST(Modelo182SampleTest, DeclaresWhatTheTablesHoldToTheCent) {
   const files::TemporaryFolder folder;
-  ASSERT_EQ(RunWords({"crear", "--carpeta", folder.Path(), "--colaboradores", "800"}).code, 0);
+  ASSERT_EQ(
+      RunWords({"crear", "--carpeta", folder.Path(), "--colaboradores", "800", "--fecha", "2025-11-22"}).code,
+      0);
+  // The declaration is that of the year before today's, but the data are to be the same on any day.
+  const std::string years = std::to_string(static_cast<int>(Today().year()) - 2025);
+  OpenDatabase(folder / "Gestion.mdb")
+      ->Execute("UPDATE Recibos SET FechaCobro = (Left(FechaCobro, 4) + " + years +
+                ") & Mid(FechaCobro, 5) WHERE FechaCobro <> ''");
   const std::string file = folder / "Modelo 182.xls";
   const auto exported = [&file] {
     Rows rows = ReadWorkbook(file).at(0);
