@@ -38,11 +38,26 @@ void MakeFolder(const std::string& folder) {
   }
 }
 
-void RequireAbsent(const std::string& path) {
-  if (!std::filesystem::exists(path)) return;
+[[noreturn]] void RefuseTaken(const std::string& path) {
   throw RuntimeError(
       kFileAlreadyExists,
       "Ya existe la base de datos '" + path + "'. Elija otra carpeta o borre antes el archivo.", kSource);
+}
+
+void RequireAbsent(const std::string& path) {
+  if (std::filesystem::exists(path)) RefuseTaken(path);
+}
+
+/// Another program may have made a database here meanwhile.
+void PutInPlace(const std::string& built, const std::string& path) {
+  const std::error_code failure = MoveWithoutReplacing(built, path);
+  if (failure == std::errc::file_exists) RefuseTaken(path);
+  if (failure) {
+    throw RuntimeError(kPermissionDenied,
+                       "No se puede escribir el archivo '" + path + "': " + failure.message() +
+                           ". Compruebe la carpeta y los permisos.",
+                       kSource);
+  }
 }
 
 void ExecuteAll(ADODB::Connection& connection, std::span<const std::string_view> statements) {
@@ -83,8 +98,14 @@ void DatabaseGenerator::Run() {
   const std::string builtReports = PathIn(building.Path(), kReportsFile);
   CreateReports(builtReports);
   CreateMain(builtMain);
-  std::filesystem::rename(builtReports, reports);
-  std::filesystem::rename(builtMain, main);
+  PutInPlace(builtReports, reports);
+  try {
+    PutInPlace(builtMain, main);
+  } catch (...) {
+    std::error_code ignored;
+    std::filesystem::remove(reports, ignored);
+    throw;
+  }
 }
 
 void DatabaseGenerator::CreateReports(const std::string& path) {

@@ -11,8 +11,8 @@ class DatabaseGenerator {
  public:
   explicit DatabaseGenerator(GeneratorOptions options);
 
-  /// Makes both files, and the folder if there is none. kFileAlreadyExists if one of the files stands there;
-  /// after any failure neither does.
+  /// Makes both files, and the folder if there is none. kFileAlreadyExists if one of the files stands there
+  /// or comes there meanwhile: it is left alone. After any failure nothing of this object stands there.
   void Run();
 
  private:

@@ -9,7 +9,7 @@ namespace velmar::sample {
 
 /// What the generator is to make.
 struct GeneratorOptions {
-  std::string folder;         ///< an existing folder; Gestion.mdb and Informes.mdb come to stand in it
+  std::string folder;         ///< where Gestion.mdb and Informes.mdb come to stand; made if it is not there
   long collaborators = 2000;  ///< 1 to kMaximumCollaborators
   std::uint64_t seed = 1;
   /// The day on which the office is seen: receipts reach back to 1 January of the year before.

@@ -6,7 +6,8 @@
 #include <map>
 #include <sstream>
 
-#include "platform/error/RuntimeError.h"
+#include "platform/error/Failure.h"
+#include "platform/error/OperationObserver.h"
 #include "platform/text/Search.h"
 #include "sample/SampleDatabase.h"
 #include "sample/Schema.h"
@@ -122,6 +123,32 @@ TEST(DatabaseGeneratorErrorsTest, LeavesNothingBehindAndOverwritesNothing) {
   EXPECT_THROW(DatabaseGenerator(OptionsFor(folder / "llena", 5)).Run(), RuntimeError);
   EXPECT_FALSE(folder.Has("nueva") || folder.Has("llena/Gestion.mdb"));
   EXPECT_EQ(std::filesystem::file_size(folder / "llena/Informes.mdb"), 1U);
+}
+
+/// Another program that is quicker: it puts a file under a name while the databases are being made.
+class Quicker : public OperationObserver {
+ public:
+  Quicker(const files::TemporaryFolder& folder, const char* name) : folder_(folder), name_(name) {}
+  void Begins(Operation operation, std::string_view) override {
+    if (operation == Operation::kCommit) folder_.Touch(name_);
+  }
+
+ private:
+  const files::TemporaryFolder& folder_;
+  const char* name_;
+};
+
+TEST(DatabaseGeneratorErrorsTest, DatabaseThatAppearsMeanwhileIsKept) {
+  for (const char* name : {"Informes.mdb", "Gestion.mdb"}) {
+    const files::TemporaryFolder folder;
+    Quicker other(folder, name);
+    const OperationObserver::Scope scope(other);
+    const RuntimeError failure = FailureIn([&] { DatabaseGenerator(OptionsFor(folder.Path(), 5)).Run(); });
+    EXPECT_EQ(failure.Number(), kFileAlreadyExists) << name;
+    EXPECT_TRUE(text::Contains(failure.Description(), folder / name)) << failure.Description();
+    EXPECT_EQ(folder.Read(name), "x");
+    EXPECT_EQ(folder.Names(), std::set<std::string>{name});
+  }
 }
 
 }  // namespace
