@@ -96,6 +96,15 @@ void AfterKill(const Scenario& scenario, const Office& office, const std::string
 
 }  // namespace
 
+Findings operator+(Findings one, const Findings& other) {
+  one.cases += other.cases;
+  one.succeeded += other.succeeded;
+  one.told += other.told;
+  one.complaints.insert(one.complaints.end(), other.complaints.begin(), other.complaints.end());
+  one.skipped.insert(one.skipped.end(), other.skipped.begin(), other.skipped.end());
+  return one;
+}
+
 std::vector<long> AllOf(const Scenario& scenario) {
   std::vector<long> numbers(static_cast<std::size_t>(scenario.Operations()));
   std::iota(numbers.begin(), numbers.end(), 0L);
@@ -143,18 +152,32 @@ Findings SweepKills(const Scenario& scenario, const Office& original, const std:
 }
 
 Findings SweepKillsByTime(const Scenario& scenario, const Office& original, long points) {
-  std::vector<long> moments;
-  for (long point = 1; point <= points; ++point) moments.push_back(point * scenario.Microseconds() / points);
-  return AtEach(moments, original, [&](Office& office, long microseconds, Reporter& report) {
+  std::vector<long> parts(static_cast<std::size_t>(points));
+  std::iota(parts.begin(), parts.end(), 1L);
+  return AtEach(parts, original, [&](Office& office, long part, Reporter& report) {
+    // How long a run takes depends on what goes on beside it, so each case has one run to the end first.
+    scenario.Prepare(office);
+    Child whole([&](Child& self) {
+      scenario.Run(office);
+      self.Pause();
+      return std::vector<std::string>();
+    });
+    const auto start = std::chrono::steady_clock::now();
+    whole.WaitForPause();
+    const std::chrono::nanoseconds moment = (std::chrono::steady_clock::now() - start) * part / points;
+    whole.Kill();
+    whole.Finish();
     scenario.Prepare(office);
     Child child([&](Child&) {
       scenario.Run(office);
       return std::vector<std::string>();
     });
-    std::this_thread::sleep_for(std::chrono::microseconds(microseconds));
+    std::this_thread::sleep_for(moment);
     child.Kill();
     const bool ended = child.Finish().empty();
-    AfterKill(scenario, office, "killed after " + std::to_string(microseconds) + " µs", ended, report);
+    AfterKill(scenario, office,
+              "killed after " + std::to_string(part) + " of " + std::to_string(points) + " parts of its time",
+              ended, report);
   });
 }
 
