@@ -25,6 +25,10 @@ using Complaints = std::vector<std::string>;
 
 constexpr const char* kSkipped = "skipped";
 
+// The greatest sizes that are tried, in KB: for all files of an export, and for its workbook alone.
+constexpr long kMost = 260;
+constexpr long kMostForTarget = 24;
+
 void Add(Findings& findings, const std::string& where, const Complaints& complaints) {
   if (complaints == Complaints{kSkipped}) {
     findings.skipped.push_back(where);
@@ -32,6 +36,15 @@ void Add(Findings& findings, const std::string& where, const Complaints& complai
   }
   ++findings.cases;
   for (const std::string& complaint : complaints) findings.complaints.push_back(where + ": " + complaint);
+}
+
+/// A case for each size from 0 to so many KB.
+void AddSizes(Findings& findings, const std::string& what, long most, long step,
+              const std::function<Complaints(std::uintmax_t bytes)>& work) {
+  for (long kilobytes = 0; kilobytes <= most; kilobytes += step) {
+    Add(findings, what + " of " + std::to_string(kilobytes) + " KB",
+        InChild([&] { return work(static_cast<std::uintmax_t>(kilobytes) * 1024); }));
+  }
 }
 
 void Append(Complaints& complaints, const Complaints& more) {
@@ -366,24 +379,23 @@ Complaints SecondWizard(const Scenario& scenario, const Office& original, bool f
 
 }  // namespace
 
-Findings FullDisks(const Scenario& scenario, const Office& original, bool all) {
+Findings LimitedFiles(const Scenario& scenario, const Office& original, bool all) {
   Findings findings;
-  const auto add = [&](const std::string& what, long kilobytes, auto work) {
-    Add(findings, what + " of " + std::to_string(kilobytes) + " KB",
-        InChild([&] { return work(scenario, original, static_cast<std::uintmax_t>(kilobytes) * 1024); }));
-  };
-  const long step = all ? 4 : 48;
-  for (long kilobytes = 0; kilobytes <= 260; kilobytes += step) {
-    add("files limited to a size", kilobytes, WithLimit);
-    add("disk with free space", kilobytes, OnSmallDisk);
-  }
-  for (long kilobytes = 0; kilobytes <= 24; kilobytes += all ? 1 : 8) {
-    add("target's disk with free space", kilobytes, TargetOnSmallDisk);
-  }
+  const auto run = [&](std::uintmax_t bytes) { return WithLimit(scenario, original, bytes); };
+  AddSizes(findings, "files limited to a size", kMost, all ? 4 : 48, run);
   return findings;
 }
 
-Findings AwkwardPlaces(const Scenario& scenario, const Office& original) {
+Findings SmallDisks(const Scenario& scenario, const Office& original, bool all) {
+  Findings findings;
+  const auto run = [&](std::uintmax_t bytes) { return OnSmallDisk(scenario, original, bytes); };
+  AddSizes(findings, "disk with free space", kMost, all ? 4 : 48, run);
+  const auto runTarget = [&](std::uintmax_t bytes) { return TargetOnSmallDisk(scenario, original, bytes); };
+  AddSizes(findings, "target's disk with free space", kMostForTarget, all ? 1 : 8, runTarget);
+  return findings;
+}
+
+Findings ProtectedPlaces(const Scenario& scenario, const Office& original) {
   Findings findings;
   const auto add = [&](const std::string& what, const std::function<Complaints()>& work) {
     Add(findings, what, InChild(work));
@@ -392,6 +404,14 @@ Findings AwkwardPlaces(const Scenario& scenario, const Office& original) {
   add("read-only folder of an old target", [&] { return ReadOnlyTargetFolder(scenario, original, true); });
   add("read-only folder of a new target", [&] { return ReadOnlyTargetFolder(scenario, original, false); });
   add("work folder without permission", [&] { return WithoutPermission(scenario, original); });
+  return findings;
+}
+
+Findings AwkwardPlaces(const Scenario& scenario, const Office& original) {
+  Findings findings;
+  const auto add = [&](const std::string& what, const std::function<Complaints()>& work) {
+    Add(findings, what, InChild(work));
+  };
   add("target locked", [&] { return TargetInUse(scenario, original, LockWhole); });
   add("target with a locked record", [&] { return TargetInUse(scenario, original, LockRecord); });
   add("target open in an office program", [&] { return TargetInUse(scenario, original, OwnersFile); });

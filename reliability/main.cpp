@@ -57,8 +57,8 @@ int main(int count, char** words) {
     Sweep("receipts", original, receipts, AllOf(receipts), Spread(AllOf(receipts), 100));
     const Scenario declaration(original, Selection::kDeclaration);
     Sweep("Modelo 182", original, declaration, AllOf(declaration), Spread(AllOf(declaration), 100));
-    Print("full disks", FullDisks(receipts, original, true));
-    Print("awkward places", AwkwardPlaces(receipts, original));
+    Print("full disks", LimitedFiles(receipts, original, true) + SmallDisks(receipts, original, true));
+    Print("awkward places", ProtectedPlaces(receipts, original) + AwkwardPlaces(receipts, original));
     Print("two wizards", TwoWizards(receipts, original));
   }
   if (great > 0) {
