@@ -1,6 +1,7 @@
 # What `cmake --install` puts where, in three parts that can be installed alone (--component):
 #   library      the component, libVelmarExportacion.so
-#   development  the rooms as static libraries with their headers, and the CMake package VelmarExportacion
+#   development  the rooms as static libraries with their headers, the CMake package VelmarExportacion, the
+#                documents and examples
 #   sample       the sample host's programs, with menu entry, icon, manual page and completion
 # A build of some rooms only is no product, and installs nothing.
 
@@ -61,7 +62,6 @@ velmar_bundle(Host VelmarExportacionTargets host_interfaces platform_com platfor
   platform_ado platform_error)
 velmar_bundle(Linked VelmarExportacionTargets host)
 velmar_bundle(Scripted VelmarExportacionTargets platform_toolkit wizard)
-set(VELMAR_CONFIG_COMPONENTS "")
 if(qtRooms)
   velmar_install(VelmarExportacionQtTargets ${qtRooms})
   velmar_bundle(Qt VelmarExportacionQtTargets ${qtRooms})
@@ -85,7 +85,9 @@ write_basic_package_version_file("${PROJECT_BINARY_DIR}/VelmarExportacionConfigV
 install(FILES "${PROJECT_BINARY_DIR}/VelmarExportacionConfig.cmake"
   "${PROJECT_BINARY_DIR}/VelmarExportacionConfigVersion.cmake"
   DESTINATION "${VELMAR_INSTALL_CMAKE}" COMPONENT development)
-install(DIRECTORY docs/ DESTINATION "${VELMAR_INSTALL_DOC}" COMPONENT development FILES_MATCHING PATTERN "*.md")
+# The pages with their pictures, without what is about making these.
+install(DIRECTORY docs/ DESTINATION "${VELMAR_INSTALL_DOC}" COMPONENT development
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN README.md EXCLUDE PATTERN screenshots EXCLUDE)
 install(DIRECTORY examples DESTINATION "${VELMAR_INSTALL_DOC}" COMPONENT development)
 
 install(TARGETS velmar_sample RUNTIME COMPONENT sample)
