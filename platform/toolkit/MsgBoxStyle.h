@@ -4,7 +4,7 @@
 
 namespace velmar::toolkit {
 
-/// A message box's style is the sum of its buttons, its icon and its default button.
+/// A message box's style is the sum of its buttons and its icon.
 enum MsgBoxStyle : long {
   kOkOnly = 0,
   kOkCancel = 1,

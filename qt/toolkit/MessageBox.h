@@ -9,9 +9,9 @@
 
 namespace velmar::qt {
 
-/// A message box with icon, buttons and default button of its style. The text is plain and can be selected
-/// and copied. Esc and the close box give the answer that changes nothing: Cancelar, else No, else the one
-/// button; a box that has none of them stays.
+/// A message box with icon and buttons of its style; the first button is the default one. The text is plain
+/// and can be selected and copied. Esc and the close box give the answer that changes nothing: Cancelar, else
+/// No, else the one button; a box that has none of them stays.
 class MessageBox : public QMessageBox {
  public:
   MessageBox(const std::string& text, long style, const std::string& title, QWidget* parent);
