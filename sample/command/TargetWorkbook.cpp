@@ -1,9 +1,5 @@
 #include "sample/command/TargetWorkbook.h"
 
-#include <fcntl.h>
-#include <stdio.h>
-
-#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <string_view>
@@ -42,15 +38,6 @@ void RequireFree(const std::string& file, bool overwrite) {
   if (!overwrite) RefuseTaken(file);
 }
 
-/// Moves a file to a name that is free. Gives the error, EEXIST if the name is taken.
-int MoveToFreeName(const std::string& from, const std::string& to) {
-  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
-  if (errno != EINVAL && errno != ENOSYS) return errno;
-  // A file system that cannot tell: the look and the move are two steps then.
-  if (std::filesystem::exists(to)) return EEXIST;
-  return rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
-}
-
 }  // namespace
 
 TargetWorkbook::TargetWorkbook(std::string file, bool overwrite)
@@ -60,18 +47,17 @@ TargetWorkbook::TargetWorkbook(std::string file, bool overwrite)
       unfinished_(PathIn(folder_.Path(), "Exportacion.xls")) {}
 
 void TargetWorkbook::Keep() {
-  int failure = 0;
+  std::error_code failure;
   if (overwrite_) {
     RequireFree(file_, overwrite_);
-    failure = rename(unfinished_.c_str(), file_.c_str()) == 0 ? 0 : errno;
+    std::filesystem::rename(unfinished_, file_, failure);
   } else {
-    failure = MoveToFreeName(unfinished_, file_);
+    failure = MoveWithoutReplacing(unfinished_, file_);
   }
-  if (failure == EEXIST) RefuseTaken(file_);
-  if (failure != 0) {
+  if (failure == std::errc::file_exists) RefuseTaken(file_);
+  if (failure) {
     throw RuntimeError(kPermissionDenied,
-                       "No se puede escribir el archivo '" + file_ +
-                           "': " + std::generic_category().message(failure) +
+                       "No se puede escribir el archivo '" + file_ + "': " + failure.message() +
                            ". Compruebe la carpeta y los permisos.",
                        "TargetWorkbook");
   }
