@@ -17,6 +17,7 @@ class Savepoint {
 
  private:
   Database* database_;
+  bool outermost_;  ///< it began the transaction, and so it ends it
   bool released_ = false;
 };
 

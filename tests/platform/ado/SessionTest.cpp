@@ -5,6 +5,8 @@
 #include <tuple>
 
 #include "platform/ado/BulkInsert.h"
+#include "platform/ado/Cursor.h"
+#include "platform/ado/RawDatabase.h"
 #include "platform/ado/TestFolder.h"
 
 namespace ADODB {
@@ -63,6 +65,22 @@ TEST(Session, AFailingStatementChangesNothing) {
     EXPECT_EQ(RowsOf(*folder.Open("A.mdb"), "SELECT Count(*), Sum(N), Sum(Clave) FROM T"), "100|5050|10100");
     EXPECT_EQ(FailureOf(*connection, "SELECT * FROM Nueva"), velmar::kUnknownTable);
   }
+}
+
+TEST(Session, ACommitThatMeetsAReaderLeavesNoTransaction) {
+  const TestFolder folder;
+  folder.OpenNew("A.mdb")->Execute("CREATE TABLE T (N LONG)");
+  const auto session = Session::Open(folder.File("A.mdb"), "");
+  sqlite3_busy_timeout(session->Engine().Handle(), 0);
+  RawDatabase reader(folder.File("A.mdb"));
+  reader.Run("BEGIN; SELECT * FROM T");
+  EXPECT_EQ(FailureOf([&] { session->Execute("SELECT 1 AS N INTO Copia", nullptr); }),
+            velmar::kDatabaseLocked);
+  reader.Run("COMMIT; INSERT INTO T VALUES (1)");
+  session->Execute("INSERT INTO T VALUES (2)", nullptr);
+  EXPECT_EQ(RowsOf(*folder.Open("A.mdb"), "SELECT N FROM T"), "1 / 2");
+  session->Execute("SELECT 1 AS N INTO Copia", nullptr);
+  session->Close();
 }
 
 TEST(Session, GathersUpdatesOfAWorkFileAndLosesNone) {
