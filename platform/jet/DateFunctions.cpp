@@ -54,7 +54,7 @@ DateParts Parts(const Arguments& arguments, int index) {
 }
 
 void ReturnDate(Arguments& arguments, std::optional<double> date) {
-  if (!date) FailArgument("la fecha queda fuera de los años 100 a 9999");
+  if (!date || !PartsOf(*date)) FailArgument("la fecha queda fuera de los años 100 a 9999");
   arguments.Return(*date);
 }
 
@@ -89,9 +89,8 @@ void DateSerial(Arguments& arguments) {
 }
 
 void TimeSerial(Arguments& arguments) {
-  const auto seconds =
-      static_cast<double>((arguments.Integer(0) * 60 + arguments.Integer(1)) * 60 + arguments.Integer(2));
-  arguments.Return(AddSeconds(0, seconds));
+  const auto part = [&arguments](int index) { return static_cast<double>(arguments.Integer(index)); };
+  ReturnDate(arguments, AddSeconds(0, (part(0) * 60 + part(1)) * 60 + part(2)));
 }
 
 // Months run over into years; a day that the month lacks becomes its last.
@@ -139,7 +138,6 @@ void DateAdd(Arguments& arguments) {
       result = AddSeconds(date, number);
       break;
   }
-  if (result && !PartsOf(*result)) result.reset();
   ReturnDate(arguments, result);
 }
 
