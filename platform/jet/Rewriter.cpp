@@ -136,6 +136,7 @@ void Rewriter::Rewrite(Statement& statement) {
 }
 
 void Rewriter::RewriteQuery(Query& query, bool orderMatters) {
+  RefuseUngrouped(jetText_, query);
   for (Select& member : query.members) {
     if (query.members.size() > 1 && member.top) member = WrapInDerived(std::move(member));
     RewriteSelect(member);
@@ -150,7 +151,6 @@ void Rewriter::RewriteQuery(Query& query, bool orderMatters) {
 }
 
 void Rewriter::RewriteSelect(Select& select) {
-  if (FormsGroups(select)) RefuseUngrouped(jetText_, select);
   std::vector<const TableSource*> sources;
   for (TableSource& source : select.from) {
     RewriteSource(source);
