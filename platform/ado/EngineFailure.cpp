@@ -9,6 +9,7 @@
 #include "platform/ado/Database.h"
 #include "platform/ado/TableNames.h"
 #include "platform/error/ErrorNumber.h"
+#include "platform/jet/Engine.h"
 #include "platform/jet/Translation.h"
 
 namespace ADODB {
@@ -18,11 +19,14 @@ using velmar::RuntimeError;
 
 constexpr const char* kSource = "ADODB.Connection";
 
-/// A message of the engine: its beginning, and what it means. "«»" stands for the name behind the beginning.
+/// A message of the engine: its beginning, and what it means. The first "«»" stands for the name behind the
+/// beginning; where the message goes on with `middle`, the name ends there, and the second "«»" stands for
+/// what is behind it.
 struct NamedMessage {
   std::string_view beginning;
   long number;
   std::string_view description;
+  std::string_view middle = {};
 };
 
 constexpr std::string_view kTooComplicated =
@@ -34,6 +38,8 @@ constexpr std::string_view kNoKeyAdded =
     "No se puede añadir un campo clave o sin repetidos a una tabla que ya existe. Añada el campo y después "
     "un "
     "índice con CREATE UNIQUE INDEX.";
+
+constexpr std::string_view kTotalHere = "Una función de totales no puede estar en ese lugar de la sentencia.";
 
 constexpr std::string_view kOneField =
     "Una subconsulta que está en el lugar de un valor debe tener un solo campo.";
@@ -50,10 +56,8 @@ constexpr std::array kNamedMessages{
         "ambiguous column name: ", velmar::kAmbiguousName,
         "El campo «» está en más de una tabla de la sentencia. Ponga delante el nombre de la tabla."},
     NamedMessage{"duplicate column name: ", velmar::kDuplicateOutput, "El campo «» está dos veces."},
-    NamedMessage{"misuse of aggregate: ", velmar::kQuerySyntax,
-                 "La función de totales «» no puede estar en ese lugar."},
-    NamedMessage{"misuse of aggregate function ", velmar::kQuerySyntax,
-                 "La función de totales «» no puede estar en ese lugar."},
+    NamedMessage{"misuse of alias", velmar::kQuerySyntax, kTotalHere},
+    NamedMessage{"misuse of aggregate", velmar::kQuerySyntax, kTotalHere},
     NamedMessage{"wrong number of arguments to function ", velmar::kQuerySyntax,
                  "La función «» no lleva ese número de argumentos."},
     NamedMessage{"cannot modify ", velmar::kReadOnly,
@@ -90,6 +94,39 @@ constexpr std::array kNamedMessages{
         "cannot drop column ", velmar::kQuerySyntax,
         "No se puede quitar el campo: es parte de una clave o de un índice, o es el único de su tabla "
         "(«»)."},
+    NamedMessage{"error in index ", velmar::kQuerySyntax,
+                 "No se puede quitar el campo: está en el índice «». Quite antes el índice con DROP INDEX.",
+                 " after drop column"},
+    NamedMessage{"table ", velmar::kUnknownName, "La tabla «» no tiene un campo «».",
+                 " has no column named "},
+    NamedMessage{"index ", velmar::kTableExists, "Ya existe el índice «». Elija otro nombre.",
+                 " already exists"},
+    NamedMessage{"table ", velmar::kTableExists, "Ya existe la tabla «». Elija otro nombre.",
+                 " already exists"},
+};
+
+/// A message of the engine by a part of it, and what it means.
+struct UnnamedMessage {
+  std::string_view part;
+  long number;
+  std::string_view description;
+};
+
+constexpr std::string_view kValueCount =
+    "El número de valores de la sentencia no es el de los campos de destino.";
+
+constexpr std::array kUnnamedMessages{
+    UnnamedMessage{" values for ", velmar::kColumnCountMismatch, kValueCount},
+    UnnamedMessage{" values were supplied", velmar::kColumnCountMismatch, kValueCount},
+    UnnamedMessage{" BY term out of range", velmar::kQuerySyntax,
+                   "ORDER BY o GROUP BY nombran por su número un campo que la sentencia no tiene."},
+    UnnamedMessage{"ORDER BY term does not match ", velmar::kQuerySyntax,
+                   "Detrás de un UNION, ORDER BY sólo puede nombrar los campos que da la consulta, o su "
+                   "número."},
+    // The engine itself is refused when it makes up a table for the first time; this does not tell its name.
+    UnnamedMessage{" is prohibited", velmar::kUnknownTable,
+                   "La sentencia nombra una tabla interna de la base de datos, que no se puede leer. "
+                   "Compruebe los nombres de sus tablas."},
 };
 
 std::string WithName(std::string_view description, std::string_view name) {
@@ -101,15 +138,21 @@ std::string WithName(std::string_view description, std::string_view name) {
   return text;
 }
 
-/// Splits "alias.table" where the alias is one of an attached file.
+/// Without the quotation marks that the engine sets around a name that it was given in such marks.
+std::string_view WithoutMarks(std::string_view name) {
+  const std::string_view marks = "\"\"";
+  if (name.size() <= 2 * marks.size() || !name.starts_with(marks) || !name.ends_with(marks)) return name;
+  return name.substr(marks.size(), name.size() - 2 * marks.size());
+}
+
+/// Splits "alias.table" where the alias is one of an attached file; `file` is that one, else as it was.
 std::string WithoutAlias(const Database& database, std::string_view name, std::string& file) {
   const auto point = name.find('.');
-  if (point != std::string_view::npos) {
-    file = database.FileOf(name.substr(0, point));
-    if (!file.empty()) return std::string(name.substr(point + 1));
-  }
-  file = database.Path();
-  return std::string(name);
+  if (point == std::string_view::npos) return std::string(name);
+  const std::string named = database.FileOf(name.substr(0, point));
+  if (named.empty()) return std::string(name);
+  file = named;
+  return std::string(name.substr(point + 1));
 }
 
 /// For a table of the engine's own, which belongs to no file that the user knows.
@@ -117,54 +160,29 @@ RuntimeError ClosedTable(std::string_view name, const std::optional<velmar::Text
   return RuntimeError(velmar::kUnknownTable, WithName(kNoTable, name), kSource, span);
 }
 
-std::optional<RuntimeError> NamedFailure(const Database& database, std::string_view message,
+/// file: that which the message is about, unless it names another.
+std::optional<RuntimeError> NamedFailure(const Database& database, std::string_view message, std::string file,
                                          const std::optional<velmar::TextSpan>& span) {
   for (const NamedMessage& known : kNamedMessages) {
     if (!message.starts_with(known.beginning)) continue;
-    std::string file;
-    const std::string name = WithoutAlias(database, message.substr(known.beginning.size()), file);
+    const std::string_view rest = message.substr(known.beginning.size());
+    const auto middle = known.middle.empty() ? rest.size() : rest.find(known.middle);
+    if (middle == std::string_view::npos) continue;
+    const std::string name = WithoutAlias(database, WithoutMarks(rest.substr(0, middle)), file);
     std::string description = WithName(known.description, name);
-    if (known.number == velmar::kUnknownTable) description += " Base de datos: " + file;
+    if (!known.middle.empty()) description = WithName(description, rest.substr(middle + known.middle.size()));
+    if (known.number == velmar::kUnknownTable || known.number == velmar::kTableExists)
+      description += " Base de datos: " + file + ".";
     return RuntimeError(known.number, description, kSource, span);
   }
-  constexpr std::string_view kNoColumn = " has no column named ";
-  if (const auto place = message.find(kNoColumn);
-      message.starts_with("table ") && place != std::string_view::npos) {
-    return RuntimeError(velmar::kUnknownName,
-                        "La tabla «" + std::string(message.substr(6, place - 6)) + "» no tiene un campo «" +
-                            std::string(message.substr(place + kNoColumn.size())) + "».",
-                        kSource, span);
-  }
-  // The engine itself is refused when it makes up a table for the first time; this does not tell its name.
-  if (message.starts_with("access to ") && message.ends_with(" is prohibited")) {
-    return RuntimeError(velmar::kUnknownTable,
-                        "La sentencia nombra una tabla interna de la base de datos, que no se puede leer. "
-                        "Compruebe los nombres de sus tablas.",
-                        kSource, span);
+  for (const UnnamedMessage& known : kUnnamedMessages) {
+    if (message.find(known.part) != std::string_view::npos)
+      return RuntimeError(known.number, std::string(known.description), kSource, span);
   }
   constexpr std::string_view kClosed = " may not be ";  // "modified", "dropped", "altered", "indexed"
   if (const auto place = message.find(kClosed);
       message.starts_with("table ") && place != std::string_view::npos) {
     return ClosedTable(message.substr(6, place - 6), span);
-  }
-  if (message.find(" values for ") != std::string_view::npos || message.ends_with(" values were supplied")) {
-    return RuntimeError(velmar::kColumnCountMismatch,
-                        "El número de valores de la sentencia no es el de los campos de destino.", kSource,
-                        span);
-  }
-  if (message.find(" BY term out of range") != std::string_view::npos) {
-    return RuntimeError(velmar::kQuerySyntax,
-                        "ORDER BY o GROUP BY nombran por su número un campo que la sentencia no tiene.",
-                        kSource, span);
-  }
-  if (message.ends_with(" already exists")) {
-    const std::string_view what =
-        message.substr(0, message.size() - std::string_view(" already exists").size());
-    const std::string_view name = what.substr(what.rfind(' ') + 1);
-    return RuntimeError(velmar::kTableExists,
-                        (what.starts_with("index") ? "Ya existe el índice «" : "Ya existe la tabla «") +
-                            std::string(name) + "» en la base de datos " + database.Path(),
-                        kSource, span);
   }
   return std::nullopt;
 }
@@ -261,14 +279,17 @@ RuntimeError EngineFailure(const Database& database, int code, const velmar::jet
   if ((code & 0xff) == SQLITE_AUTH && !IsSystemTable(database.RefusedTable())) {
     return ClosedTable(database.RefusedTable(), std::nullopt);
   }
-  if (auto failure = FileFailure(code, ConcernedFiles(database, code, translation))) return *failure;
+  const std::string files = ConcernedFiles(database, code, translation);
+  if (auto failure = FileFailure(code, files)) return *failure;
   const std::string message = handle == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(handle);
   std::optional<velmar::TextSpan> span;
   if (translation != nullptr && handle != nullptr) {
     const int offset = sqlite3_error_offset(handle);
     if (offset >= 0) span = translation->SourceOf(static_cast<std::size_t>(offset));
   }
-  if (auto failure = NamedFailure(database, message, span)) return *failure;
+  if (code == velmar::jet::kFunctionFailure)
+    return RuntimeError(velmar::kEngineFailure, message, kSource, span);
+  if (auto failure = NamedFailure(database, message, files, span)) return *failure;
   if ((code & 0xff) == SQLITE_MISMATCH) {
     return RuntimeError(
         velmar::kTypeMismatch,
@@ -285,7 +306,10 @@ RuntimeError EngineFailure(const Database& database, int code, const velmar::jet
     return RuntimeError(velmar::kFieldSizeExceeded, "Un valor o la sentencia son demasiado largos.", kSource,
                         span);
   }
-  return RuntimeError(velmar::kEngineFailure, message, kSource, span);
+  return RuntimeError(velmar::kEngineFailure,
+                      "El motor de datos no puede cumplir la sentencia con la base de datos " + files + " (" +
+                          message + "). Compruebe la sentencia.",
+                      kSource, span);
 }
 
 }  // namespace ADODB

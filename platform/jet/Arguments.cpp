@@ -8,6 +8,7 @@
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
 #include "platform/jet/Dates.h"
+#include "platform/jet/Engine.h"
 #include "platform/jet/Money.h"
 #include "platform/jet/NumberText.h"
 #include "platform/text/Characters.h"
@@ -144,7 +145,7 @@ void RunFunction(FunctionBody body, NullRule rule, sqlite3_context* context, int
     }
   } catch (const RuntimeError& error) {
     sqlite3_result_error(context, error.Description().c_str(), -1);
-    if (error.Number() == kTypeMismatch) sqlite3_result_error_code(context, SQLITE_MISMATCH);
+    sqlite3_result_error_code(context, error.Number() == kTypeMismatch ? SQLITE_MISMATCH : kFunctionFailure);
   } catch (const std::bad_alloc&) {
     sqlite3_result_error_nomem(context);
   } catch (const std::exception& error) {

@@ -9,7 +9,10 @@ namespace velmar::jet {
 /// before the first statement. Throws RuntimeError kEngineFailure if the engine refuses.
 ///
 /// Functions raise their failures as engine errors with a Spanish description (a division by zero, a text
-/// where a number is needed); their result code is SQLITE_ERROR, or SQLITE_MISMATCH for a wrong type.
+/// where a number is needed); their result code is kFunctionFailure, or SQLITE_MISMATCH for a wrong type.
 void RegisterFunctions(sqlite3* database);
+
+/// An extended code of SQLITE_ERROR that is none of the engine's own: its message is for the user.
+inline constexpr int kFunctionFailure = 1 | 128 << 8;
 
 }  // namespace velmar::jet

@@ -65,7 +65,11 @@ Select QueryParser::ParseSelect(std::optional<TableName>* into) {
     *into = ParseTableName();
     ParseInDatabase(**into);
   }
-  if (reader_.Accept("FROM")) select.from = ParseFrom();
+  if (reader_.Accept("FROM")) {
+    select.from = ParseFrom();
+  } else {
+    RefuseStars(select);
+  }
   select.where = ParseWhere();
   if (reader_.Accept("GROUP")) {
     reader_.Expect("BY");
@@ -76,6 +80,12 @@ Select QueryParser::ParseSelect(std::optional<TableName>* into) {
   if (reader_.Accept("HAVING")) select.having = ParseExpression();
   select.span = reader_.SpanFrom(start);
   return select;
+}
+
+void QueryParser::RefuseStars(const Select& select) {
+  for (const SelectItem& item : select.items) {
+    if (item.star) reader_.Fail("Falta FROM: un asterisco muestra los campos de una tabla", item.span);
+  }
 }
 
 void QueryParser::ParsePredicate(Select& select) {

@@ -32,6 +32,7 @@ class QueryParser {
  private:
   void ParseMembers(Query& query, std::optional<TableName>* into);
   Select ParseSelect(std::optional<TableName>* into);
+  void RefuseStars(const Select& select);
   void ParsePredicate(Select& select);
   SelectItem ParseItem();
   TableSource ParseJoined(TableSource left, std::size_t start);

@@ -15,6 +15,7 @@ TEST_F(EngineFailureTest, SaysWhatAndWhere) {
   connection_->Execute("CREATE TABLE T (ID LONG PRIMARY KEY, Nombre TEXT(50) NOT NULL, N LONG)");
   connection_->Execute("CREATE TABLE Año (N LONG)");
   connection_->Execute("CREATE UNIQUE INDEX INombre ON T (Nombre)");
+  connection_->Execute("CREATE INDEX [De N] ON T (N)");
   connection_->Execute("INSERT INTO T VALUES (1, 'a', 1)");
   struct Case {
     const char* text;
@@ -32,17 +33,23 @@ TEST_F(EngineFailureTest, SaysWhatAndWhere) {
       {"INSERT INTO T (ID, M) SELECT N, N FROM T", velmar::kUnknownName, "«M»"},
       {"INSERT INTO T (ID, N) SELECT N FROM T", velmar::kColumnCountMismatch, "(1)"},
       {"INSERT INTO T VALUES (1, 2)", velmar::kColumnCountMismatch, ""},
-      {"INSERT INTO T (ID, M) VALUES (1, 2)", velmar::kUnknownName, "«M»"},
+      {"INSERT INTO T (ID, M) VALUES (1, 2)", velmar::kUnknownName, "La tabla «T» no tiene un campo «M»"},
       {"INSERT INTO T VALUES (2, 'A', 2)", velmar::kDuplicateKey, "T.Nombre"},
       {"INSERT INTO T (ID) VALUES (2)", velmar::kFieldRequired, "T.Nombre"},
       {"CREATE TABLE AÑO (N LONG)", velmar::kTableExists, "«AÑO»", "AÑO"},
-      {"CREATE INDEX INombre ON T (N)", velmar::kTableExists, "INombre"},
+      {"CREATE INDEX [de n] ON T (N)", velmar::kTableExists, "«T.de n»"},
       {"SELECT * INTO t FROM T", velmar::kTableExists, "«t»", "t"},
       {"SELECT N, N INTO U FROM T", velmar::kDuplicateOutput, "N"},
       {"SELECT N FROM T UNION SELECT N, ID FROM T", velmar::kQuerySyntax, "UNION"},
       {"SELECT N FROM T WHERE N = (SELECT N, ID FROM T)", velmar::kQuerySyntax, "subconsulta"},
       {"SELECT N FROM T ORDER BY 2", velmar::kQuerySyntax, "ORDER BY"},
-      {"SELECT 1 / 0", velmar::kEngineFailure, ""},
+      {"SELECT N FROM T UNION SELECT N FROM Año ORDER BY ID", velmar::kQuerySyntax, "UNION"},
+      {"SELECT Sum(N) AS Suma FROM T WHERE Suma > 1", velmar::kQuerySyntax, "función de totales"},
+      {"SELECT *", velmar::kQuerySyntax, "FROM", "*"},
+      {"SELECT 1 / 0", velmar::kEngineFailure, "División por cero en la consulta."},
+      {"ALTER TABLE T DROP COLUMN N", velmar::kQuerySyntax, "«T.De N»"},
+      {"ALTER TABLE T DROP COLUMN Falta", velmar::kUnknownName, "«Falta»"},
+      {"CREATE TABLE [T.De N] (N LONG)", velmar::kEngineFailure, "no puede cumplir la sentencia"},
       {"ALTER TABLE T ADD COLUMN X LONG NOT NULL", velmar::kFieldRequired, "NOT NULL"},
       {"CREATE TABLE sqlite_x (N LONG)", velmar::kQuerySyntax, "reservado"},
       {"SELECT Count(*) FROM [SQLITE_SCHEMA]", velmar::kUnknownTable, "«SQLITE_SCHEMA»"},
@@ -57,6 +64,7 @@ TEST_F(EngineFailureTest, SaysWhatAndWhere) {
     const auto failure = FailureIn([&] { connection_->Execute(each.text); });
     EXPECT_EQ(failure.Number(), each.number);
     EXPECT_NE(failure.Description().find(each.said), std::string::npos) << failure.Description();
+    EXPECT_TRUE(failure.Description().ends_with('.')) << failure.Description();
     if (each.place == nullptr) continue;
     ASSERT_TRUE(failure.Span());
     EXPECT_EQ(std::string(each.text).substr(failure.Span()->offset, failure.Span()->length), each.place);
