@@ -9,7 +9,7 @@ namespace velmar {
 /// Is told of every operation on databases and files before it happens: for a trace, and for tests that make
 /// operations fail. Rows and pieces of files come one by one, so an observer has to be quick.
 ///
-/// One observer serves the whole process, which works on one thread.
+/// One observer serves each module (a program, or a component that it loads as a library), on one thread.
 class OperationObserver {
  public:
   virtual ~OperationObserver() = default;
