@@ -23,8 +23,6 @@ class ControlArray {
 
   const std::string& Name() const noexcept { return name_; }
   int Count() const noexcept { return static_cast<int>(elements_.size()); }
-  /// The least index, 0 for an empty array.
-  int LBound() const noexcept { return elements_.empty() ? 0 : elements_.begin()->first; }
   /// The greatest index, -1 for an empty array.
   int UBound() const noexcept { return elements_.empty() ? -1 : elements_.rbegin()->first; }
   bool Has(int index) const noexcept { return elements_.count(index) != 0; }

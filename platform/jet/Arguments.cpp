@@ -130,10 +130,6 @@ void Arguments::Return(double number) {
   }
 }
 
-void Arguments::ReturnArgument(int index) {
-  sqlite3_result_value(context_, Raw(index));
-}
-
 void RunFunction(FunctionBody body, NullRule rule, sqlite3_context* context, int count,
                  sqlite3_value** values) {
   Arguments arguments(context, count, values);

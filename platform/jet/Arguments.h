@@ -40,8 +40,6 @@ class Arguments {
   void Return(double number);
   void Return(bool value) = delete;
   void ReturnBoolean(bool value) { Return(value ? -1 : 0); }
-  /// Gives back an argument as it came.
-  void ReturnArgument(int index);
 
   sqlite3_context* Context() const { return context_; }
   sqlite3_value* Raw(int index) const;

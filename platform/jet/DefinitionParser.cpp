@@ -199,8 +199,7 @@ CreateIndexStatement DefinitionParser::ParseCreateIndex(bool unique) {
     if (reader_.Accept("PRIMARY")) {
       statement.unique = true;
     } else if (reader_.Accept("IGNORE")) {
-      reader_.Expect("NULL");
-      statement.ignoreNull = true;
+      reader_.Expect("NULL");  // An index of the engine may hold Nulls, which changes no result.
     } else {
       reader_.FailExpected("PRIMARY o IGNORE NULL");
     }

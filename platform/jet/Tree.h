@@ -258,7 +258,6 @@ struct CreateIndexStatement {
   std::string index;
   TableName target;
   bool unique = false;
-  bool ignoreNull = false;
   std::vector<KeyColumn> columns;
 };
 

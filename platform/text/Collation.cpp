@@ -3,13 +3,13 @@
 #include <unicode/coll.h>
 #include <unicode/locid.h>
 #include <unicode/stringpiece.h>
-#include <unicode/unistr.h>
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <string>
 
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
@@ -50,14 +50,6 @@ class Order {
     const UCollationResult result = collator_->compareUTF8(Piece(a), Piece(b), status);
     Check(status);
     return result;
-  }
-
-  std::string CollationKey(std::string_view text) const {
-    const icu::UnicodeString utf16 = icu::UnicodeString::fromUTF8(Piece(text));
-    std::string key(static_cast<std::size_t>(collator_->getSortKey(utf16, nullptr, 0)), '\0');
-    collator_->getSortKey(utf16, reinterpret_cast<std::uint8_t*>(key.data()),
-                          static_cast<std::int32_t>(key.size()));
-    return key;
   }
 
   // 0 for all that has no weight of its own: control characters and bytes of longer sequences.
@@ -153,11 +145,6 @@ int CompareText(std::string_view a, std::string_view b) {
 
 bool EqualText(std::string_view a, std::string_view b) {
   return CompareText(a, b) == 0;
-}
-
-std::string SortKey(std::string_view text) {
-  const Order& order = Order::Instance();
-  return order.CollationKey(text) + FoldCanonical(text);
 }
 
 int Compare(std::string_view a, std::string_view b, Comparison comparison) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "platform/text/Comparison.h"
@@ -17,10 +16,6 @@ int CompareText(std::string_view a, std::string_view b);
 
 /// True if CompareText finds the texts equal.
 bool EqualText(std::string_view a, std::string_view b);
-
-/// Bytes whose binary order is the order of CompareText. For indexes and hashing; the bytes are not stable
-/// from one version of the collation data to the next.
-std::string SortKey(std::string_view text);
 
 /// CompareText, or the order of code points for Comparison::kBinary.
 int Compare(std::string_view a, std::string_view b, Comparison comparison);
