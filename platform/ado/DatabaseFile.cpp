@@ -9,39 +9,16 @@
 
 #include "platform/ado/Database.h"
 #include "platform/ado/DatabasePassword.h"
-#include "platform/error/ErrorNumber.h"
 #include "platform/error/OperationObserver.h"
-#include "platform/error/RuntimeError.h"
+#include "platform/error/SystemFailure.h"
 
 namespace ADODB {
-namespace {
-
-using velmar::RuntimeError;
-
-[[noreturn]] void RaiseCreation(int failure, const std::string& path) {
-  const std::string what = "No se ha podido crear la base de datos " + path + ": ";
-  constexpr const char* kSource = "ADOX.Catalog";
-  switch (failure) {
-    case EEXIST:
-      throw RuntimeError(velmar::kFileAlreadyExists, what + "el fichero ya existe.", kSource);
-    case ENOENT:
-    case ENOTDIR:
-      throw RuntimeError(velmar::kPathNotFound, what + "la carpeta no existe.", kSource);
-    case ENOSPC:
-    case EDQUOT:
-      throw RuntimeError(velmar::kDiskFull, what + "el disco está lleno.", kSource);
-    default:
-      throw RuntimeError(velmar::kPermissionDenied, what + "no hay permiso para escribir en la carpeta.",
-                         kSource);
-  }
-}
-
-}  // namespace
 
 DatabaseFile::DatabaseFile(std::string path) : path_(std::move(path)) {
   velmar::OperationObserver::Announce(velmar::Operation::kCreateDatabase, path_);
   const int descriptor = ::open(path_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666);
-  if (descriptor < 0) RaiseCreation(errno, path_);
+  if (descriptor < 0)
+    throw velmar::SystemFailure(errno, "No se puede crear la base de datos " + path_, "ADOX.Catalog");
   ::close(descriptor);
   RemoveCompanions();
 }

@@ -1,9 +1,9 @@
 #include "platform/excel/WorkbookErrors.h"
 
 #include <cerrno>
-#include <system_error>
 
 #include "platform/error/ErrorNumber.h"
+#include "platform/error/SystemFailure.h"
 
 namespace velmar::excel {
 
@@ -28,38 +28,23 @@ std::string SheetOf(std::string_view sheet, const std::string& path) {
 }  // namespace
 
 RuntimeError WorkbookErrors::System(int error, std::string_view doing, const std::string& path) {
-  const std::string what = "No se puede " + std::string(doing) + " " + Book(path) + ": ";
+  const std::string what = "No se puede " + std::string(doing) + " " + Book(path);
   switch (error) {
-    case ENOENT:
-    case ENOTDIR:
-      return Make(kPathNotFound, what + "la carpeta no existe. Elija otra carpeta o cree esa.");
-    case EISDIR:
-      return Make(kPermissionDenied, what + "ya hay una carpeta con ese nombre. Elija otro nombre.");
-    case ENAMETOOLONG:
-      return Make(kPathNotFound, what + "el nombre es demasiado largo. Elija otro más corto.");
-    case EACCES:
-    case EPERM:
-    case EROFS:
-      return Make(kPermissionDenied,
-                  what +
-                      "el archivo o su carpeta son de solo lectura, o no tiene permiso. Elija "
-                      "otra carpeta u otro nombre.");
     case EEXIST:
       return Make(kPermissionDenied,
-                  what + "otro programa acaba de crear un archivo con ese nombre. Elija otro.");
+                  what + ": otro programa acaba de crear un archivo con ese nombre. Elija otro.");
     case ENOSPC:
     case EDQUOT:
     case EFBIG:
-      return Make(kDiskFull, what +
-                                 "no queda espacio en el disco. El archivo no ha cambiado; libere espacio o "
-                                 "elija otro disco y vuelva a exportar.");
+      return Make(kDiskFull,
+                  what +
+                      ": no queda espacio en el disco. El archivo no ha cambiado; libere espacio o "
+                      "elija otro disco y vuelva a exportar.");
     case EBUSY:
     case ETXTBSY:
       return InUse(path);
     default:
-      return Make(kDeviceIoError, what + "el disco ha dado un error (" +
-                                      std::generic_category().message(error) +
-                                      "). Compruebe el disco o la red y vuelva a intentarlo.");
+      return SystemFailure(error, what, "Excel");
   }
 }
 

@@ -6,12 +6,12 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <system_error>
 #include <utility>
 
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/OperationObserver.h"
 #include "platform/error/RuntimeError.h"
+#include "platform/error/SystemFailure.h"
 
 namespace velmar::files {
 namespace {
@@ -19,29 +19,7 @@ namespace {
 constexpr int kNone = -1;
 
 [[noreturn]] void Raise(int failure, const std::string& path) {
-  const std::string what = "No se puede crear el archivo \"" + path + "\": ";
-  switch (failure) {
-    case ENOENT:
-    case ENOTDIR:
-      throw RuntimeError(kPathNotFound, what + "la carpeta no existe. Compruebe la ruta.", "files");
-    case ENOSPC:
-    case EDQUOT:
-      throw RuntimeError(kDiskFull, what + "el disco está lleno. Libere espacio y vuelva a intentarlo.",
-                         "files");
-    case EACCES:
-    case EPERM:
-    case EROFS:
-      throw RuntimeError(kPermissionDenied,
-                         what +
-                             "la carpeta es de sólo lectura o no tiene permiso para escribir en ella. Pida "
-                             "permiso de escritura.",
-                         "files");
-    default:
-      throw RuntimeError(kDeviceIoError,
-                         what + "el disco ha dado un error (" + std::generic_category().message(failure) +
-                             "). Compruebe el disco o la red.",
-                         "files");
-  }
+  throw SystemFailure(failure, "No se puede crear el archivo \"" + path + "\"", "files");
 }
 
 int Open(const std::string& path) {

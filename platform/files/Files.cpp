@@ -7,6 +7,7 @@
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/OperationObserver.h"
 #include "platform/error/RuntimeError.h"
+#include "platform/error/SystemFailure.h"
 #include "platform/files/NamePattern.h"
 #include "platform/files/WrittenPath.h"
 
@@ -53,10 +54,7 @@ void RequireDeleted(const std::string& file) {
   OperationObserver::Announce(Operation::kDeleteFile, file);
   const std::error_code error = Delete(FromText(file));
   if (!error) return;
-  throw RuntimeError(kPermissionDenied,
-                     "No se puede borrar el fichero \"" + file + "\" (" + error.message() +
-                         "). Compruebe que no es de sólo lectura y que tiene permiso sobre su carpeta.",
-                     "Kill");
+  throw SystemFailure(error.value(), "No se puede borrar el fichero \"" + file + "\"", "Kill");
 }
 
 }  // namespace

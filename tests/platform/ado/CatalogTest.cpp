@@ -29,6 +29,7 @@ TEST(Catalog, RefusesAndLeavesEverythingAsItWas) {
            {folder.Text("yA.MDB"), velmar::kFileAlreadyExists},
            {folder.Text("no/such/folder.mdb"), velmar::kPathNotFound},
            {folder.Text("Ya.mdb/x.mdb"), velmar::kPathNotFound},
+           {folder.Text(std::string(300, 'x')), velmar::kPathNotFound},
        }) {
     EXPECT_EQ(FailureOf([&] { ADOX::Catalog().Create(text); }), number) << text;
   }
