@@ -17,6 +17,7 @@ namespace velmar::files {
 namespace {
 
 constexpr int kNone = -1;
+constexpr int kMostTries = 100;
 
 [[noreturn]] void Raise(int failure, const std::string& path) {
   throw SystemFailure(failure, "No se puede crear el archivo \"" + path + "\"", "files");
@@ -52,7 +53,8 @@ bool HasRecordLock(int descriptor) {
 
 std::optional<FileLock> FileLock::TryTake(const std::string& path) {
   OperationObserver::Announce(Operation::kLockFile, path);
-  while (true) {
+  // On some drives of the network a file does not bear the same number twice.
+  for (int tries = 0; tries < kMostTries; ++tries) {
     FileLock lock(Open(path), path);
     if (::flock(lock.descriptor_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
       ::close(std::exchange(lock.descriptor_, kNone));
@@ -61,6 +63,10 @@ std::optional<FileLock> FileLock::TryTake(const std::string& path) {
     if (StillThere(lock.descriptor_, path)) return lock;
     ::close(std::exchange(lock.descriptor_, kNone));
   }
+  throw RuntimeError(kDeviceIoError,
+                     "No se puede reservar el archivo \"" + path +
+                         "\": en ese disco cambia cada vez que se abre. Elija una carpeta de otro disco.",
+                     "files");
 }
 
 bool FileLock::IsHeld(const std::string& path) {

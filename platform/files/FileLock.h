@@ -13,7 +13,7 @@ namespace velmar::files {
 class FileLock {
  public:
   /// Makes the file if there is none. Nothing if another process, or another object of this one, holds it.
-  /// Raises what SystemFailure does if the file cannot be made.
+  /// Raises what SystemFailure does if the file cannot be made, kDeviceIoError if it is another each time.
   static std::optional<FileLock> TryTake(const std::string& path);
   /// True if somebody holds a lock on the file, of this kind or another. False if it cannot be told.
   static bool IsHeld(const std::string& path);
