@@ -1,12 +1,11 @@
 #include "platform/ado/Variant.h"
 
-#include <charconv>
 #include <cmath>
 
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
+#include "platform/jet/NumberText.h"
 #include "platform/text/Numbers.h"
-#include "platform/text/Trim.h"
 
 namespace ADODB {
 namespace {
@@ -18,20 +17,10 @@ using velmar::RuntimeError;
                      "ADODB.Field");
 }
 
-/// The whole text must be one number; a comma is taken as the decimal sign too.
 double NumberOf(const std::string& text) {
-  std::string digits = velmar::text::Trim(text);
-  if (const auto comma = digits.find(','); comma != std::string::npos) digits[comma] = '.';
-  const char* first = digits.data();
-  const char* last = first + digits.size();
-  if (first != last && *first == '+') ++first;
-  double number = 0;
-  const auto [end, failure] = std::from_chars(first, last, number);
-  if (failure != std::errc{} || end != last || !std::isfinite(number)) {
-    throw RuntimeError(velmar::kTypeMismatch, "No coinciden los tipos: «" + text + "» no es un número.",
-                       "ADODB.Field");
-  }
-  return number;
+  if (const auto number = velmar::jet::ReadNumber(text)) return *number;
+  throw RuntimeError(velmar::kTypeMismatch, "No coinciden los tipos: «" + text + "» no es un número.",
+                     "ADODB.Field");
 }
 
 }  // namespace

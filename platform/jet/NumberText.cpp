@@ -11,8 +11,11 @@ std::optional<double> ReadNumber(std::string_view text) {
   constexpr auto kNone = std::string_view::npos;
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  if (text.starts_with('+')) text.remove_prefix(1);
-  if (text.starts_with('+') || text.find_first_not_of("+-0123456789.,eE") != kNone) return std::nullopt;
+  if (text.starts_with('+')) {
+    text.remove_prefix(1);
+    if (text.starts_with('-')) return std::nullopt;
+  }
+  if (text.find_first_not_of("+-0123456789.,eE") != kNone) return std::nullopt;
 
   const std::size_t point = text.rfind('.');
   const std::size_t comma = text.rfind(',');

@@ -16,10 +16,15 @@ TEST(Variant, ConvertsAsTheEngineShowsValues) {
     bool boolean;
   };
   const Case cases[] = {
-      {true, "-1", -1, -1, true}, {false, "0", 0, 0, false},
-      {10.0, "10", 10, 10, true}, {2.5, "2.5", 2, 2.5, true},
-      {3.5, "3.5", 4, 3.5, true}, {" -12,5 ", " -12,5 ", -12, -12.5, true},
-      {"+3", "+3", 3, 3, true},   {0.1 + 0.2, "0.3", 0, 0.1 + 0.2, true},
+      {true, "-1", -1, -1, true},
+      {false, "0", 0, 0, false},
+      {10.0, "10", 10, 10, true},
+      {2.5, "2.5", 2, 2.5, true},
+      {3.5, "3.5", 4, 3.5, true},
+      {" -12,5 ", " -12,5 ", -12, -12.5, true},
+      {"+3", "+3", 3, 3, true},
+      {"1.234,5", "1.234,5", 1234, 1234.5, true},
+      {0.1 + 0.2, "0.3", 0, 0.1 + 0.2, true},
   };
   for (const Case& each : cases) {
     SCOPED_TRACE(each.text);
@@ -33,7 +38,7 @@ TEST(Variant, ConvertsAsTheEngineShowsValues) {
 TEST(Variant, RefusesWhatHasNoMeaning) {
   EXPECT_EQ(FailureOf([] { Variant().AsText(); }), velmar::kInvalidUseOfNull);
   EXPECT_EQ(FailureOf([] { Variant().AsLong(); }), velmar::kInvalidUseOfNull);
-  for (const char* text : {"", "1x", "1 2", "--1", "inf"})
+  for (const char* text : {"", "1x", "1 2", "--1", "+-1", "inf", "1e999"})
     EXPECT_EQ(FailureOf([&] { Variant(text).AsDouble(); }), velmar::kTypeMismatch) << text;
   EXPECT_EQ(FailureOf([] { Variant(0x1p63).AsLong(); }), velmar::kOverflow);
 }
