@@ -1,10 +1,14 @@
 #include "platform/com/ClassFile.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 #include "platform/error/ErrObject.h"
@@ -16,11 +20,21 @@
 namespace velmar::com {
 namespace {
 
+constexpr const char* kSource = "DllRegisterServer";
+
 [[noreturn]] void RaiseUnreadable(const std::string& path, const std::string& reason) {
   throw RuntimeError(
       kDeviceIoError,
       "No se puede leer el registro de clases \"" + path + "\": " + reason + ". Bórrelo y registre de nuevo.",
       "CreateObject");
+}
+
+void RequireWritable(const std::string& field) {
+  if (field.find_first_of("\t\n") == std::string::npos) return;
+  throw RuntimeError(kInvalidProcedureCall,
+                     "No se puede registrar la clase: \"" + field +
+                         "\" contiene un tabulador o un salto de línea. Ponga la biblioteca en otra carpeta.",
+                     kSource);
 }
 
 }  // namespace
@@ -69,6 +83,9 @@ std::optional<ClassFile::Entry> ClassFile::Find(const Guid& classId) const {
 }
 
 void ClassFile::Publish(const Entry& entry) const {
+  RequireWritable(entry.progId);
+  RequireWritable(entry.server);
+  const files::FileLock lock = Lock();
   std::vector<Entry> entries = Entries();
   std::erase_if(entries, [&](const Entry& other) {
     return other.classId == entry.classId || text::EqualText(other.progId, entry.progId);
@@ -78,29 +95,47 @@ void ClassFile::Publish(const Entry& entry) const {
 }
 
 void ClassFile::Withdraw(const Guid& classId) const {
+  if (!Find(classId)) return;
+  const files::FileLock lock = Lock();
   std::vector<Entry> entries = Entries();
-  if (std::erase_if(entries, [&](const Entry& entry) { return entry.classId == classId; }) > 0)
-    Write(entries);
+  std::erase_if(entries, [&](const Entry& entry) { return entry.classId == classId; });
+  Write(entries);
+}
+
+/// Whoever reads, changes and writes the file does so alone. Makes the folder.
+files::FileLock ClassFile::Lock() const {
+  constexpr int kMostTries = 250;
+  constexpr std::chrono::milliseconds kPause{20};
+  std::error_code error;
+  std::filesystem::create_directories(std::filesystem::path(path_).parent_path(), error);
+  if (error) RaiseUnwritable("Compruebe el permiso de su carpeta");
+  for (int tries = 0; tries < kMostTries; ++tries) {
+    if (auto lock = files::FileLock::TryTake(path_ + ".lock")) return *std::move(lock);
+    std::this_thread::sleep_for(kPause);
+  }
+  RaiseUnwritable("Otro programa lo está cambiando: espere a que termine y vuelva a intentarlo");
+}
+
+void ClassFile::RaiseUnwritable(const std::string& remedy) const {
+  throw RuntimeError(kPermissionDenied,
+                     "No se puede escribir el registro de clases \"" + path_ + "\". " + remedy + ".",
+                     kSource);
 }
 
 void ClassFile::Write(const std::vector<Entry>& entries) const {
   namespace fs = std::filesystem;
   std::error_code error;
-  fs::create_directories(fs::path(path_).parent_path(), error);
-  const std::string fresh = path_ + ".nuevo";
+  // A name of its own, since a drive may know no locks.
+  const std::string fresh = path_ + "." + std::to_string(::getpid()) + ".nuevo";
   std::ofstream file(fresh, std::ios::trunc);
   for (const Entry& entry : entries) {
     file << entry.progId << '\t' << entry.classId.ToText() << '\t' << entry.server << '\n';
   }
   file.close();
-  error.clear();
   if (file) fs::rename(fresh, path_, error);
   if (!file || error) {
     fs::remove(fresh, error);
-    throw RuntimeError(
-        kPermissionDenied,
-        "No se puede escribir el registro de clases \"" + path_ + "\". Compruebe el permiso de su carpeta.",
-        "DllRegisterServer");
+    RaiseUnwritable("Compruebe el permiso de su carpeta");
   }
 }
 

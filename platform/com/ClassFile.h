@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/com/Guid.h"
+#include "platform/files/FileLock.h"
 
 namespace velmar::com {
 
@@ -31,13 +32,16 @@ class ClassFile {
   std::optional<Entry> Find(const Guid& classId) const;
 
   /// Publishes the class, in place of one with the same name or identifier. Makes the file and its folder.
-  /// Raises kPermissionDenied if they cannot be written.
+  /// Waits for another program that changes the file, for 5 seconds at most. Raises kPermissionDenied if they
+  /// cannot be written, kInvalidProcedureCall for a name or a path with a tab or a line feed.
   void Publish(const Entry& entry) const;
   /// Takes the class out; nothing if it is not there.
   void Withdraw(const Guid& classId) const;
 
  private:
+  files::FileLock Lock() const;
   void Write(const std::vector<Entry>& entries) const;
+  [[noreturn]] void RaiseUnwritable(const std::string& remedy) const;
 
   std::string path_;
 };
