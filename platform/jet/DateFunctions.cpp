@@ -10,7 +10,7 @@
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
 #include "platform/jet/Dates.h"
-#include "platform/jet/Picture.h"
+#include "platform/jet/FormatPattern.h"
 #include "platform/text/Case.h"
 #include "platform/text/Characters.h"
 

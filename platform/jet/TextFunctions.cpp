@@ -11,9 +11,9 @@
 #include "platform/error/ErrorNumber.h"
 #include "platform/error/RuntimeError.h"
 #include "platform/jet/Dates.h"
+#include "platform/jet/FormatPattern.h"
 #include "platform/jet/LikePattern.h"
 #include "platform/jet/NumberText.h"
-#include "platform/jet/Picture.h"
 #include "platform/text/Case.h"
 #include "platform/text/Characters.h"
 #include "platform/text/CodePoints.h"
@@ -211,22 +211,22 @@ void Asc(Arguments& arguments) {
 
 void Format(Arguments& arguments) {
   std::string scratch;
-  std::string scratchPicture;
+  std::string scratchFormat;
   const std::string_view shown = arguments.Text(0, scratch);
   if (arguments.Count() == 1) {
     arguments.Return(shown);
     return;
   }
-  const Picture picture(arguments.Text(1, scratchPicture));
-  if (picture.IsText()) {
-    arguments.Return(picture.FormatText(shown));
+  const FormatPattern pattern(arguments.Text(1, scratchFormat));
+  if (pattern.IsText()) {
+    arguments.Return(pattern.FormatText(shown));
     return;
   }
   auto number = arguments.IsText(0) ? ReadNumber(shown) : arguments.Number(0);
-  if (arguments.IsText(0) && (picture.IsDate() || !number)) {
+  if (arguments.IsText(0) && (pattern.IsDate() || !number)) {
     if (const auto date = ParseDate(shown, DayOrder::kDayFirst)) number = date;
   }
-  arguments.Return(number ? picture.FormatNumber(*number) : std::string(shown));
+  arguments.Return(number ? pattern.FormatNumber(*number) : std::string(shown));
 }
 
 void CStr(Arguments& arguments) {

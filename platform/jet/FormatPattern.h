@@ -4,10 +4,12 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/jet/NumberSection.h"
+
 namespace velmar::jet {
 
-/// The picture of a Format, as the office's Spanish settings show it: decimal comma, point between thousands,
-/// Spanish names of months and days.
+/// The pattern of a Format (its picture), as the office's Spanish settings show it: decimal comma, point
+/// between thousands, Spanish names of months and days.
 ///
 /// - Numbers: 0 # . , % and up to three sections for positive, negative and zero values.
 /// - Dates: d dd ddd dddd m mm mmm mmmm yy yyyy q w ww h hh n nn s ss AM/PM; m behind h means minutes.
@@ -16,28 +18,21 @@ namespace velmar::jet {
 ///   Medium Date, Short Date, Long Time, Medium Time, Short Time.
 ///
 /// A text in double quotes and a character behind \ stand for themselves.
-class Picture {
+class FormatPattern {
  public:
-  explicit Picture(std::string_view picture);
+  explicit FormatPattern(std::string_view pattern);
 
   bool IsDate() const { return isDate_; }
   bool IsText() const { return isText_; }
-  /// A number or, for a picture of a date, the date that the number stands for.
+  /// A number or, for a pattern of a date, the date that the number stands for.
   std::string FormatNumber(double number) const;
   std::string FormatText(std::string_view text) const;
 
  private:
-  struct Piece {
-    std::string text;  // the sign, or the literal
-    bool literal = false;
-  };
-  using Section = std::vector<Piece>;
-
-  static std::vector<Section> Split(std::string_view picture);
+  static std::vector<PatternSection> Split(std::string_view pattern);
   std::string FormatDate(double date) const;
-  static std::string FormatSection(const Section& section, double number);
 
-  std::vector<Section> sections_;
+  std::vector<PatternSection> sections_;
   bool isDate_ = false;
   bool isText_ = false;
   bool isGeneral_ = false;

@@ -1,4 +1,4 @@
-#include "platform/jet/Picture.h"
+#include "platform/jet/FormatPattern.h"
 
 #include <algorithm>
 #include <array>
@@ -10,7 +10,6 @@
 #include "platform/error/RuntimeError.h"
 #include "platform/jet/Dates.h"
 #include "platform/jet/Keywords.h"
-#include "platform/jet/Money.h"
 #include "platform/text/Case.h"
 #include "platform/text/Characters.h"
 #include "platform/text/CodePoints.h"
@@ -25,12 +24,12 @@ constexpr std::array<std::string_view, 12> kMonths{"enero",      "febrero", "mar
 constexpr std::array<std::string_view, 7> kDays{"domingo", "lunes",   "martes", "miércoles",
                                                 "jueves",  "viernes", "sábado"};
 
-struct NamedPicture {
+struct NamedPattern {
   std::string_view name;
-  std::string_view picture;
+  std::string_view pattern;
 };
 
-constexpr auto kNamed = std::to_array<NamedPicture>({
+constexpr auto kNamed = std::to_array<NamedPattern>({
     {"General Number", ""},
     {"Currency", "#,##0.00 €;-#,##0.00 €"},
     {"Fixed", "0.00"},
@@ -47,14 +46,8 @@ constexpr auto kNamed = std::to_array<NamedPicture>({
     {"Short Time", "hh:nn"},
 });
 
-constexpr int kMostDecimals = 15;
-
 bool IsDateLetter(char c) {
   return std::string_view("dmyhnsqw").find(c) != std::string_view::npos;
-}
-
-bool IsDigitPlace(const std::string& sign) {
-  return sign == "0" || sign == "#";
 }
 
 std::string Digits(int number, int width) {
@@ -63,16 +56,7 @@ std::string Digits(int number, int width) {
   return buffer.data();
 }
 
-std::string Grouped(const std::string& digits) {
-  std::string grouped;
-  for (std::size_t i = 0; i < digits.size(); ++i) {
-    if (i > 0 && (digits.size() - i) % 3 == 0) grouped += '.';
-    grouped += digits[i];
-  }
-  return grouped;
-}
-
-// What one sign of a date's picture shows. `hour` is on a clock of 12 where the picture holds AM/PM.
+// What one sign of a date's pattern shows. `hour` is on a clock of 12 where the pattern holds AM/PM.
 std::string DatePiece(const std::string& sign, const DateParts& parts, double date, int hour, bool minutes) {
   const auto width = static_cast<int>(sign.size());
   switch (sign[0]) {
@@ -112,155 +96,93 @@ std::string_view SpanishMonth(int month) {
   return kMonths.at(static_cast<std::size_t>(month - 1));
 }
 
-Picture::Picture(std::string_view picture) {
-  const auto* named = std::find_if(kNamed.begin(), kNamed.end(), [picture](const NamedPicture& candidate) {
-    return EqualWord(candidate.name, picture);
+FormatPattern::FormatPattern(std::string_view pattern) {
+  const auto* named = std::find_if(kNamed.begin(), kNamed.end(), [pattern](const NamedPattern& candidate) {
+    return EqualWord(candidate.name, pattern);
   });
-  if (named != kNamed.end()) picture = named->picture;
-  isGeneral_ = picture.empty();
-  sections_ = Split(picture);
+  if (named != kNamed.end()) pattern = named->pattern;
+  isGeneral_ = pattern.empty();
+  sections_ = Split(pattern);
   bool digits = false;
-  for (const Piece& piece : sections_[0]) {
+  for (const PatternPiece& piece : sections_[0]) {
     if (piece.literal) continue;
     isDate_ = isDate_ || IsDateLetter(piece.text[0]);
     isText_ = isText_ || std::string_view("@&<>").find(piece.text[0]) != std::string_view::npos;
-    digits = digits || IsDigitPlace(piece.text);
+    digits = digits || piece.IsDigitPlace();
   }
   isDate_ = isDate_ && !digits;
   isText_ = isText_ && !digits && !isDate_;
 }
 
-std::vector<Picture::Section> Picture::Split(std::string_view picture) {
-  std::vector<Section> sections(1);
+std::vector<PatternSection> FormatPattern::Split(std::string_view pattern) {
+  std::vector<PatternSection> sections(1);
   const auto add = [&sections](std::string_view text, bool literal) {
     sections.back().push_back({std::string(text), literal});
   };
-  for (std::size_t at = 0; at < picture.size();) {
-    const char c = picture[at];
+  for (std::size_t at = 0; at < pattern.size();) {
+    const char c = pattern[at];
     const char low = static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
     if (c == '"') {
-      const std::size_t close = std::min(picture.find('"', at + 1), picture.size());
-      add(picture.substr(at + 1, close - at - 1), true);
+      const std::size_t close = std::min(pattern.find('"', at + 1), pattern.size());
+      add(pattern.substr(at + 1, close - at - 1), true);
       at = close + 1;
-    } else if (c == '\\' && at + 1 < picture.size()) {
+    } else if (c == '\\' && at + 1 < pattern.size()) {
       const std::size_t start = ++at;
-      text::NextCodePoint(picture, at);
-      add(picture.substr(start, at - start), true);
+      text::NextCodePoint(pattern, at);
+      add(pattern.substr(start, at - start), true);
     } else if (c == ';') {
       sections.emplace_back();
       ++at;
-    } else if (EqualWord(picture.substr(at, 5), "AM/PM")) {
+    } else if (EqualWord(pattern.substr(at, 5), "AM/PM")) {
       add("AM/PM", false);
       at += 5;
     } else if (IsDateLetter(low)) {
       std::size_t end = at;
-      while (end < picture.size() && (picture[end] | 0x20) == low) ++end;
-      add(text::LCase(picture.substr(at, end - at)), false);
+      while (end < pattern.size() && (pattern[end] | 0x20) == low) ++end;
+      add(text::LCase(pattern.substr(at, end - at)), false);
       at = end;
     } else if (std::string_view("0#.,%@&<>").find(c) != std::string_view::npos) {
-      add(picture.substr(at, 1), false);
+      add(pattern.substr(at, 1), false);
       ++at;
     } else {
       const std::size_t start = at;
-      text::NextCodePoint(picture, at);
-      add(picture.substr(start, at - start), true);
+      text::NextCodePoint(pattern, at);
+      add(pattern.substr(start, at - start), true);
     }
   }
   return sections;
 }
 
-std::string Picture::FormatNumber(double number) const {
+std::string FormatPattern::FormatNumber(double number) const {
   if (isDate_) return FormatDate(number);
   if (isGeneral_) {
     std::string shown = text::FromDouble(number);
     std::replace(shown.begin(), shown.end(), '.', ',');
     return shown;
   }
-  if (number == 0 && sections_.size() > 2 && !sections_[2].empty()) return FormatSection(sections_[2], 0);
+  if (number == 0 && sections_.size() > 2 && !sections_[2].empty())
+    return NumberSection(sections_[2]).Format(0);
   if (number < 0 && sections_.size() > 1 && !sections_[1].empty())
-    return FormatSection(sections_[1], -number);
-  const std::string shown = FormatSection(sections_[0], std::fabs(number));
+    return NumberSection(sections_[1]).Format(-number);
+  const std::string shown = NumberSection(sections_[0]).Format(std::fabs(number));
   const bool isZero = shown.find_first_of("123456789") == std::string::npos;
   return number < 0 && !isZero ? "-" + shown : shown;
 }
 
-std::string Picture::FormatSection(const Section& section, double number) {
-  std::size_t wholePlaces = 0;
-  std::size_t wholeZeros = 0;
-  int decimals = 0;
-  int decimalZeros = 0;
-  bool inDecimals = false;
-  bool grouped = false;
-  for (const Piece& piece : section) {
-    if (piece.literal) continue;
-    if (piece.text == ".") inDecimals = true;
-    if (piece.text == "," && wholePlaces > 0 && !inDecimals) grouped = true;
-    if (piece.text == "%") number *= 100;
-    if (!IsDigitPlace(piece.text)) continue;
-    if (inDecimals) {
-      ++decimals;
-      if (piece.text == "0") decimalZeros = decimals;
-    } else {
-      ++wholePlaces;
-      if (piece.text == "0" || wholeZeros > 0) ++wholeZeros;
-    }
-  }
-  decimals = std::min(decimals, kMostDecimals);
-  const double rounded = RoundTo(number, decimals, Half::kAway);
-  std::array<char, 400> buffer{};
-  std::snprintf(buffer.data(), buffer.size(), "%.*f", decimals, rounded);
-  const std::string written = buffer.data();
-  const std::size_t point = written.find('.');
-  std::string whole = written.substr(0, point);
-  std::string fraction = point == std::string::npos ? std::string() : written.substr(point + 1);
-  while (static_cast<int>(fraction.size()) > decimalZeros && fraction.ends_with('0')) fraction.pop_back();
-  if (whole == "0") whole.clear();
-  if (whole.size() < wholeZeros) whole.insert(0, wholeZeros - whole.size(), '0');
-
-  // Each place shows one digit, the first one also those in front of it.
-  std::string shown;
-  std::size_t place = 0;
-  std::size_t decimal = 0;
-  inDecimals = false;
-  for (const Piece& piece : section) {
-    if (piece.literal) {
-      shown += piece.text;
-    } else if (piece.text == ".") {
-      inDecimals = true;
-      if (wholePlaces == 0) shown += whole;
-      if (!fraction.empty() || decimalZeros > 0 || decimals == 0) shown += ',';
-    } else if (piece.text == "%") {
-      shown += '%';
-    } else if (IsDigitPlace(piece.text) && inDecimals) {
-      if (decimal < fraction.size()) shown += fraction[decimal];
-      ++decimal;
-    } else if (IsDigitPlace(piece.text)) {
-      const std::size_t left = wholePlaces - place++;
-      if (grouped) {
-        if (place == 1) shown += Grouped(whole);
-      } else if (place == 1 && whole.size() > left) {
-        shown += whole.substr(0, whole.size() - left + 1);
-      } else if (whole.size() >= left) {
-        shown += whole[whole.size() - left];
-      }
-    }
-  }
-  return shown;
-}
-
-std::string Picture::FormatDate(double date) const {
+std::string FormatPattern::FormatDate(double date) const {
   const auto parts = PartsOf(date);
   if (!parts) {
     throw RuntimeError(kTypeMismatch,
                        "No coinciden los tipos: " + text::FromDouble(date) + " no es una fecha.", "Jet SQL");
   }
-  const Section& section = sections_[0];
-  const bool halves = std::any_of(section.begin(), section.end(),
-                                  [](const Piece& piece) { return !piece.literal && piece.text == "AM/PM"; });
+  const PatternSection& section = sections_[0];
+  const bool halves = std::any_of(section.begin(), section.end(), [](const PatternPiece& piece) {
+    return !piece.literal && piece.text == "AM/PM";
+  });
   const int hour = halves ? (parts->hour + 11) % 12 + 1 : parts->hour;
   std::string shown;
   bool behindHour = false;
-  for (const Piece& piece : section) {
+  for (const PatternPiece& piece : section) {
     if (piece.literal || !(IsDateLetter(piece.text[0]) || piece.text == "AM/PM")) {
       shown += piece.text;
     } else if (piece.text == "AM/PM") {
@@ -273,18 +195,18 @@ std::string Picture::FormatDate(double date) const {
   return shown;
 }
 
-std::string Picture::FormatText(std::string_view text) const {
-  const Section& section = sections_[0];
+std::string FormatPattern::FormatText(std::string_view text) const {
+  const PatternSection& section = sections_[0];
   std::size_t places = 0;
   std::string cased(text);
-  for (const Piece& piece : section) {
+  for (const PatternPiece& piece : section) {
     if (piece.literal) continue;
     if (piece.text == "<") cased = text::LCase(cased);
     if (piece.text == ">") cased = text::UCase(cased);
     if (piece.text == "@" || piece.text == "&") ++places;
   }
   if (places == 0) {
-    for (const Piece& piece : section) {
+    for (const PatternPiece& piece : section) {
       if (piece.literal) cased += piece.text;
     }
     return cased;
@@ -292,7 +214,7 @@ std::string Picture::FormatText(std::string_view text) const {
   const std::size_t length = text::Len(cased);
   std::string shown;
   std::size_t place = 0;
-  for (const Piece& piece : section) {
+  for (const PatternPiece& piece : section) {
     if (piece.literal) shown += piece.text;
     if (piece.literal || (piece.text != "@" && piece.text != "&")) continue;
     const std::size_t left = places - place++;
