@@ -37,7 +37,7 @@ BareEngine::~BareEngine() {
 }
 
 void BareEngine::Stage(const Clauses& clauses) {
-  Run("CREATE TABLE suelo.t AS " + jet::Translate(clauses.select + clauses.rest).sql);
+  Run("CREATE TABLE suelo.t AS " + jet::Translate(clauses.select + clauses.rest, {}).sql);
 }
 
 void BareEngine::ForEachRow(

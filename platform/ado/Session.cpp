@@ -159,11 +159,11 @@ Translation Session::Translate(std::string_view text, bool* others) {
     named = named || alias != "main";
     return alias;
   };
-  Translation translation = velmar::jet::Translate(text, nullptr, aliases);
+  Translation translation = velmar::jet::Translate(text, aliases);
   if (velmar::jet::NeedsNameMap(text)) {
     velmar::jet::NameMap names;
     attachments_.AddNames(names);
-    translation = velmar::jet::Translate(text, &names, aliases);
+    translation = velmar::jet::Translate(text, aliases, &names);
   }
   if (others != nullptr) *others = named;
   return translation;

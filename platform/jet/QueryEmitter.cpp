@@ -14,10 +14,10 @@ std::string UnnamedColumn(std::size_t position) {
 
 }  // namespace
 
-QueryEmitter::QueryEmitter(std::string_view jetText, SqlWriter& writer, DatabaseList& databases)
+QueryEmitter::QueryEmitter(std::string_view jetText, SqlWriter& writer, TableLocator& locator)
     : jetText_(jetText),
       writer_(writer),
-      databases_(databases),
+      locator_(locator),
       expressions_(jetText, writer, [this](const Query& query) {
         const bool before = expressions_.AllowAggregates(false);
         Write(query, QueryRole::kValue);
@@ -114,7 +114,7 @@ void QueryEmitter::WriteSource(const TableSource& source) {
 }
 
 void QueryEmitter::WriteTable(const NamedTable& table) {
-  const std::string alias = databases_.AliasOf(table.name);
+  const std::string alias = locator_.AliasOf(table.name);
   writer_.From(table.name.span).Table(alias, writer_.Spelling(table.name.table));
   if (!table.alias.empty()) writer_.Raw(" AS ").NewName(table.alias);
 }

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/jet/DatabaseList.h"
 #include "platform/jet/ExpressionEmitter.h"
 #include "platform/jet/SqlWriter.h"
+#include "platform/jet/TableLocator.h"
 #include "platform/jet/Tree.h"
 
 namespace velmar::jet {
@@ -22,7 +22,7 @@ enum class QueryRole {
 class QueryEmitter {
  public:
   /// All must outlive the emitter.
-  QueryEmitter(std::string_view jetText, SqlWriter& writer, DatabaseList& databases);
+  QueryEmitter(std::string_view jetText, SqlWriter& writer, TableLocator& locator);
   QueryEmitter(const QueryEmitter&) = delete;
   QueryEmitter& operator=(const QueryEmitter&) = delete;
 
@@ -45,7 +45,7 @@ class QueryEmitter {
 
   std::string_view jetText_;
   SqlWriter& writer_;
-  DatabaseList& databases_;
+  TableLocator& locator_;
   ExpressionEmitter expressions_;
 };
 

@@ -28,23 +28,19 @@ bool EqualName(std::string_view a, std::string_view b) {
 }  // namespace
 
 StatementEmitter::StatementEmitter(std::string_view jetText, const NameMap* names, const AliasLookup& aliases)
-    : jetText_(jetText),
-      writer_(names),
-      databases_(jetText, aliases),
-      queries_(jetText, writer_, databases_) {}
+    : jetText_(jetText), writer_(names), locator_(jetText, aliases), queries_(jetText, writer_, locator_) {}
 
 Translation StatementEmitter::Emit(const Statement& statement) {
   std::visit([this](const auto& node) { Write(node); }, statement);
   translation_.sql = writer_.TakeText();
   translation_.spots = writer_.TakeSpots();
-  translation_.databases = databases_.Databases();
   return std::move(translation_);
 }
 
 void StatementEmitter::SetTarget(StatementKind kind, const TableName& name, bool sheetAllowed, bool isNew) {
   translation_.kind = kind;
   translation_.target =
-      databases_.Target(name, isNew ? name.table : writer_.Spelling(name.table), sheetAllowed);
+      locator_.Target(name, isNew ? name.table : writer_.Spelling(name.table), sheetAllowed);
 }
 
 void StatementEmitter::Write(const SelectStatement& statement) {
@@ -64,7 +60,7 @@ void StatementEmitter::NoteDistinctTable(const Query& query) {
                      select.items[0].star && select.items[0].starTable.empty() && select.from.size() == 1;
   if (!plain) return;
   if (const auto* table = std::get_if<NamedTable>(&select.from[0].node)) {
-    translation_.distinctTable.emplace(databases_.AliasOf(table->name), writer_.Spelling(table->name.table));
+    translation_.distinctTable.emplace(locator_.AliasOf(table->name), writer_.Spelling(table->name.table));
   }
 }
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/jet/DatabaseList.h"
 #include "platform/jet/QueryEmitter.h"
 #include "platform/jet/SqlWriter.h"
+#include "platform/jet/TableLocator.h"
 #include "platform/jet/Translation.h"
 #include "platform/jet/Tree.h"
 
@@ -43,7 +43,7 @@ class StatementEmitter {
 
   std::string_view jetText_;
   SqlWriter writer_;
-  DatabaseList databases_;
+  TableLocator locator_;
   QueryEmitter queries_;
   Translation translation_;
 };

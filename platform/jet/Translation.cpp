@@ -20,7 +20,7 @@ std::optional<TextSpan> Translation::SourceOf(std::size_t sqlOffset) const {
   return std::prev(behind)->span;
 }
 
-Translation Translate(std::string_view jetText, const NameMap* names, const AliasLookup& aliases) {
+Translation Translate(std::string_view jetText, const AliasLookup& aliases, const NameMap* names) {
   Statement statement = Parser(jetText).Parse();
   Rewriter(jetText).Rewrite(statement);
   return StatementEmitter(jetText, names, aliases).Emit(statement);

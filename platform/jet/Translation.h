@@ -28,19 +28,9 @@ enum class StatementKind {
   kDropIndex
 };
 
-/// Another database that a statement names. The caller attaches `path` under `alias` before it prepares the
-/// text. The same path and password always get the same alias: "ext1", "ext2" and so on in order of
-/// appearance.
-struct ExternalDatabase {
-  std::string alias;
-  std::string path;
-  std::string password;  ///< empty: none
-  TextSpan span;         ///< the path in the Jet text
-};
-
 /// The table that a statement writes.
 struct TargetTable {
-  std::string alias = "main";  ///< "main" or the alias of an ExternalDatabase
+  std::string alias = "main";  ///< "main" or what the AliasLookup gave
   std::string table;
   bool excel = false;     ///< an "Excel 8.0" sheet: `excelFile` and `table` name it, `alias` is unused
   std::string excelFile;  ///< path of the workbook
@@ -69,7 +59,6 @@ struct Translation {
   /// types, then composes with CreateTableText and InsertText.
   std::string sql;
   std::optional<TargetTable> target;  ///< for every kind but kSelect
-  std::vector<ExternalDatabase> databases;
   std::vector<OutputColumn> columns;  ///< one a column of the SELECT; empty if its list holds a *
   std::vector<SourceSpot> spots;
   /// For SELECT DISTINCT * of one table with nothing else: the alias of its database and its name.
@@ -79,15 +68,14 @@ struct Translation {
   std::optional<TextSpan> SourceOf(std::size_t sqlOffset) const;
 };
 
-/// Gives the alias under which the caller already has a database, or an empty text to leave the choice to the
-/// translation. With it a connection that is named by its own path can answer "main".
+/// Gives the alias under which the caller attaches another database that a statement names, "main" for that
+/// of the connection itself. May be asked for one more than once; an empty password is none.
 using AliasLookup = std::function<std::string(const std::string& path, const std::string& password)>;
 
 /// Translates one statement. A semicolon may end it; anything else behind it is an error. Throws RuntimeError
 /// with Span: kQuerySyntax (what was expected and found), kUnknownFunction, kDuplicateOutput, kTypeMismatch.
 /// Unknown tables and columns are found by the engine when the text is prepared.
-Translation Translate(std::string_view jetText, const NameMap* names = nullptr,
-                      const AliasLookup& aliases = {});
+Translation Translate(std::string_view jetText, const AliasLookup& aliases, const NameMap* names = nullptr);
 
 /// True if the text holds a name with letters outside ASCII, so that Translate needs a NameMap to find names
 /// that are stored in another case.

@@ -44,7 +44,7 @@ TEST(Engine, ComparesAndIndexesWithoutRegardToCase) {
   EXPECT_THROW(database.Run("INSERT INTO t VALUES ('ÑU', 2)"), RuntimeError);
   database.Run("INSERT INTO t VALUES ('Nu', 3)");
   // The plan must go through the key: the collation of a bare column is that of its index.
-  const Translation translation = Translate("SELECT n FROM t WHERE x = 'ñU'");
+  const Translation translation = Translated("SELECT n FROM t WHERE x = 'ñU'");
   const auto plan = database.Sql("EXPLAIN QUERY PLAN " + translation.sql).rows.at(0);
   EXPECT_NE(std::string::npos, plan.find("SEARCH")) << plan;
   EXPECT_EQ("1", database.Run(translation).rows.at(0));
@@ -56,7 +56,7 @@ TEST(Engine, KeysAndOrderOfArrivalNeedNoSorting) {
   database.Run("CREATE TABLE b (k LONG PRIMARY KEY, a LONG)");
   const auto plan = [&database](const std::string& text) {
     std::string shown;
-    for (const std::string& row : database.Sql("EXPLAIN QUERY PLAN " + Translate(text).sql).rows)
+    for (const std::string& row : database.Sql("EXPLAIN QUERY PLAN " + Translated(text).sql).rows)
       shown += row + "\n";
     return shown;
   };

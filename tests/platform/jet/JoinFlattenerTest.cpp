@@ -65,12 +65,12 @@ TEST(JoinFlattener, EveryExportSourceComesOutFlat) {
   for (const std::string_view kind : {"INNER", "LEFT"}) {
     for (const std::string_view source : kExportSources) {
       SCOPED_TRACE(source);
-      EXPECT_TRUE(IsFlat(Translate("SELECT 1 FROM " + With(source, kind)).sql));
+      EXPECT_TRUE(IsFlat(Translated("SELECT 1 FROM " + With(source, kind)).sql));
     }
     for (const std::string_view wrap : kExportWraps) {
       SCOPED_TRACE(wrap);
       const std::string source = text::Replace(wrap, "F J", std::string(kExportSources[3]) + " J");
-      EXPECT_TRUE(IsFlat(Translate("SELECT 1 FROM " + With(source, kind)).sql));
+      EXPECT_TRUE(IsFlat(Translated("SELECT 1 FROM " + With(source, kind)).sql));
     }
   }
 }
@@ -125,7 +125,7 @@ TEST(JoinFlattener, GivesTheRowsOfTheNesting) {
       const Statement nested = Parser(text).Parse();
       const AliasLookup none;
       const Translation asWritten = StatementEmitter(text, nullptr, none).Emit(nested);
-      const Translation translated = Translate(text);
+      const Translation translated = Translated(text);
       flat += IsFlat(translated.sql) ? 1 : 0;
       EXPECT_EQ(Rows(database, asWritten), Rows(database, translated)) << translated.sql;
     }

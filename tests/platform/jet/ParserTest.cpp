@@ -44,11 +44,11 @@ TEST(Parser, ReadsWhatIsNestedAndRefusesWhatIsTooDeep) {
       return "SELECT " + Repeat(row.open, levels) + row.inner + Repeat(row.close, levels) + " FROM t";
     };
     if (row.fine > 0) {
-      EXPECT_NO_THROW(Translate(nested(row.fine)));
+      EXPECT_NO_THROW(Translated(nested(row.fine)));
     }
     for (const int levels : {1000, 20000}) {
       try {
-        Translate(nested(levels));
+        Translated(nested(levels));
         ADD_FAILURE() << levels << " levels were read";
       } catch (const RuntimeError& error) {
         EXPECT_EQ(3075, error.Number());
@@ -59,13 +59,13 @@ TEST(Parser, ReadsWhatIsNestedAndRefusesWhatIsTooDeep) {
 }
 
 TEST(Parser, RefusesDeepFromLists) {
-  EXPECT_THROW(Translate("SELECT * FROM " + Repeat("(", 100000) + "t" + Repeat(")", 100000)), RuntimeError);
-  EXPECT_THROW(Translate("SELECT * FROM " + Repeat("(SELECT * FROM ", 5000) + "t" + Repeat(")", 5000)),
+  EXPECT_THROW(Translated("SELECT * FROM " + Repeat("(", 100000) + "t" + Repeat(")", 100000)), RuntimeError);
+  EXPECT_THROW(Translated("SELECT * FROM " + Repeat("(SELECT * FROM ", 5000) + "t" + Repeat(")", 5000)),
                RuntimeError);
   std::string joins = "SELECT * FROM t";
   for (int i = 0; i < 5000; ++i) joins += " INNER JOIN t" + std::to_string(i) + " ON 1 = 1";
-  EXPECT_THROW(Translate(joins), RuntimeError);
-  EXPECT_THROW(Translate("SELECT * FROM t0 " + Repeat("INNER JOIN t1 ", 5000) + Repeat("ON 1 = 1 ", 5000)),
+  EXPECT_THROW(Translated(joins), RuntimeError);
+  EXPECT_THROW(Translated("SELECT * FROM t0 " + Repeat("INNER JOIN t1 ", 5000) + Repeat("ON 1 = 1 ", 5000)),
                RuntimeError);
 }
 

@@ -43,7 +43,7 @@ StatementCase Actual(TestDatabase& database, const StatementCase& expected) {
   actual.hasRows = false;
   database.Begin();
   try {
-    const Translation translation = Translate(expected.jet);
+    const Translation translation = Translated(expected.jet);
     actual.sql = translation.sql;
     Outcome outcome = database.Run(expected.jet);
     if (!expected.after.empty()) outcome = database.Run(expected.after);

@@ -2,8 +2,9 @@
 
 #include <sqlite3.h>
 
-#include <algorithm>
+#include <map>
 #include <random>
+#include <utility>
 
 #include "platform/error/RuntimeError.h"
 #include "platform/jet/Engine.h"
@@ -24,6 +25,14 @@ std::string Shown(sqlite3_stmt* statement, int column) {
 }
 
 }  // namespace
+
+Translation Translated(std::string_view jetText, const NameMap* names) {
+  std::map<std::pair<std::string, std::string>, std::string> aliases;
+  const auto alias = [&aliases](const std::string& path, const std::string& password) {
+    return aliases.try_emplace({path, password}, "ext" + std::to_string(aliases.size() + 1)).first->second;
+  };
+  return Translate(jetText, alias, names);
+}
 
 TestDatabase::TestDatabase() {
   std::random_device random;
@@ -61,20 +70,12 @@ Outcome TestDatabase::Sql(const std::string& text) {
   return outcome;
 }
 
-void TestDatabase::Attach(const std::vector<ExternalDatabase>& databases) {
-  for (const ExternalDatabase& external : databases) {
-    const std::string file = (folder_ / "externa.mdb").string();
-    try {
-      Sql("ATTACH '" + file + "' AS " + QuoteIdentifier(external.alias));
-    } catch (const RuntimeError&) {
-      Sql("DETACH " + QuoteIdentifier(external.alias));
-      Sql("ATTACH '" + file + "' AS " + QuoteIdentifier(external.alias));
-    }
-  }
+void TestDatabase::Attach(const std::string& alias) {
+  Sql("ATTACH '" + (folder_ / "externa.mdb").string() + "' AS " + alias);
 }
 
 Outcome TestDatabase::Run(std::string_view jetText, const NameMap* names) {
-  const Translation translation = Translate(jetText, names);
+  const Translation translation = Translated(jetText, names);
   try {
     return Run(translation);
   } catch (const RuntimeError& error) {
@@ -86,7 +87,6 @@ Outcome TestDatabase::Run(std::string_view jetText, const NameMap* names) {
 }
 
 Outcome TestDatabase::Run(const Translation& translation) {
-  if (sqlite3_get_autocommit(database_) != 0) Attach(translation.databases);
   const bool moves =
       translation.kind == StatementKind::kSelectInto || translation.kind == StatementKind::kInsertSelect;
   if (!moves || translation.target->excel) return Sql(translation.sql);
@@ -108,8 +108,8 @@ Outcome TestDatabase::Run(const Translation& translation) {
 }
 
 void TestDatabase::RunExternal(std::string_view jetText) {
-  Translation translation = Translate(jetText);
-  Attach({{"ext", "", "", {}}});
+  Translation translation = Translated(jetText);
+  Attach("ext");
   const auto place = translation.sql.find("main.");
   if (place != std::string::npos) translation.sql.replace(place, 5, "ext.");
   Sql(translation.sql);
@@ -117,7 +117,8 @@ void TestDatabase::RunExternal(std::string_view jetText) {
 }
 
 void TestDatabase::Begin() {
-  Attach({{"ext1", "", "", {}}, {"ext2", "", "", {}}});
+  Attach("ext1");
+  Attach("ext2");
   Sql("BEGIN");
 }
 

@@ -11,6 +11,10 @@ struct sqlite3;
 
 namespace velmar::jet {
 
+/// Translates with an alias for each other database that the text names: "ext1", "ext2" and so on, in order
+/// of appearance.
+Translation Translated(std::string_view jetText, const NameMap* names = nullptr);
+
 /// What a statement gave.
 struct Outcome {
   std::vector<std::string> names;
@@ -18,7 +22,7 @@ struct Outcome {
 };
 
 /// A database in a folder of its own that runs Jet texts through their translation. All external databases of
-/// a text stand for one second file.
+/// a text stand for one second file, which is there between Begin and Rollback.
 class TestDatabase {
  public:
   TestDatabase();
@@ -40,7 +44,7 @@ class TestDatabase {
   void Rollback();
 
  private:
-  void Attach(const std::vector<ExternalDatabase>& databases);
+  void Attach(const std::string& alias);
 
   std::filesystem::path folder_;
   sqlite3* database_ = nullptr;

@@ -12,34 +12,22 @@
 namespace velmar::jet {
 namespace {
 
-TEST(Translation, TellsTheDatabases) {
-  const auto translation = Translate(
-      "SELECT * INTO [a.mdb;pwd=x;Y].T FROM [B.MDB].U, [;DATABASE=c d.mdb;PWD=z].[V w], [a.mdb;PWD=x;Y].W");
-  ASSERT_EQ(3U, translation.databases.size());
-  EXPECT_EQ("ext1", translation.target->alias);
-  EXPECT_EQ("a.mdb", translation.databases[0].path);
-  EXPECT_EQ("x;Y", translation.databases[0].password);
-  EXPECT_EQ("B.MDB", translation.databases[1].path);
-  EXPECT_EQ("", translation.databases[1].password);
-  EXPECT_EQ("c d.mdb", translation.databases[2].path);
-  EXPECT_EQ("z", translation.databases[2].password);
-  EXPECT_EQ(14U, translation.databases[0].span.offset);
-  EXPECT_EQ(R"(SELECT * FROM ext2."U", ext3."V w", ext1."W")", translation.sql);
-}
-
-TEST(Translation, TakesTheCallersAliases) {
-  const auto own = [](const std::string& path, const std::string&) {
-    return path == "own.mdb" ? "main" : "";
+TEST(Translation, AsksForTheDatabases) {
+  std::string asked;
+  const auto aliases = [&asked](const std::string& path, const std::string& password) {
+    asked += path + "|" + password + "\n";
+    return path == "own.mdb" ? "main" : path.substr(0, 1);
   };
-  const auto translation = Translate("INSERT INTO [own.mdb].T SELECT * FROM [x.mdb].U", nullptr, own);
+  const auto translation =
+      Translate("SELECT * INTO [own.mdb;pwd=x;Y].T FROM [B.MDB].U, [;DATABASE=c d.mdb;PWD=z].[V w]", aliases);
+  EXPECT_EQ("own.mdb|x;Y\nB.MDB|\nc d.mdb|z\n", asked);
   EXPECT_EQ("main", translation.target->alias);
-  ASSERT_EQ(1U, translation.databases.size());
-  EXPECT_EQ("ext1", translation.databases[0].alias);
+  EXPECT_EQ(R"(SELECT * FROM "B"."U", c."V w")", translation.sql);
 }
 
 TEST(Translation, TellsASheet) {
   const auto translation =
-      Translate("INSERT INTO [Excel 8.0;HDR=YES;DATABASE=C:\\a b.xls].[Hoja1$] (A, B) VALUES (1, 'x')");
+      Translated("INSERT INTO [Excel 8.0;HDR=YES;DATABASE=C:\\a b.xls].[Hoja1$] (A, B) VALUES (1, 'x')");
   EXPECT_EQ(StatementKind::kInsertSelect, translation.kind);
   EXPECT_TRUE(translation.target->excel);
   EXPECT_EQ("C:\\a b.xls", translation.target->excelFile);
@@ -50,7 +38,7 @@ TEST(Translation, TellsASheet) {
        {"UPDATE [Excel 8.0;DATABASE=a.xls].[Hoja1] SET A = 1", "SELECT * INTO [Excel 8.0;HDR=NO].X FROM T",
         "SELECT * INTO [Excel 8.0;HDR=NO;DATABASE=a.xls].X FROM T"}) {
     SCOPED_TRACE(text);
-    EXPECT_THROW(Translate(text), RuntimeError);
+    EXPECT_THROW(Translated(text), RuntimeError);
   }
 }
 
@@ -86,17 +74,17 @@ TEST(Translation, TypesOfColumns) {
            TypeRow{"Null", ""},
        }) {
     SCOPED_TRACE(row.expression);
-    const auto translation = Translate("SELECT " + std::string(row.expression) + " AS C FROM a");
+    const auto translation = Translated("SELECT " + std::string(row.expression) + " AS C FROM a");
     ASSERT_EQ(1U, translation.columns.size());
     EXPECT_EQ(row.type, translation.columns[0].type);
     EXPECT_EQ("C", translation.columns[0].name);
   }
-  EXPECT_TRUE(Translate("SELECT 1, t.* FROM t").columns.empty());
+  EXPECT_TRUE(Translated("SELECT 1, t.* FROM t").columns.empty());
 }
 
 TEST(Translation, LeadsBackToTheJetText) {
   const std::string text = "SELECT Año, [Otro campo] FROM Tabla WHERE Año = Left(Otro, 2)";
-  const auto translation = Translate(text);
+  const auto translation = Translated(text);
   for (const std::string name : {"Otro campo", "Tabla", "Otro\","}) {
     const auto at = translation.sql.find("\"" + name);
     const auto span = translation.SourceOf(at + 1);

@@ -2,18 +2,17 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/jet/Translation.h"
 #include "platform/jet/Tree.h"
 
 namespace velmar::jet {
 
-/// The databases that one statement names, and the aliases under which its text knows them.
-class DatabaseList {
+/// Where the tables are that one statement names: the aliases of their databases, and the workbooks.
+class TableLocator {
  public:
   /// The text, for failures, and the lookup must outlive the list.
-  DatabaseList(std::string_view jetText, const AliasLookup& aliases) : jetText_(jetText), aliases_(aliases) {}
+  TableLocator(std::string_view jetText, const AliasLookup& aliases) : jetText_(jetText), aliases_(aliases) {}
 
   /// The alias of the database in front of a table; "main" where there is none. Fails for a sheet, and, as
   /// Target does, for a workbook behind which the sheet is missing.
@@ -22,8 +21,6 @@ class DatabaseList {
   /// `sheetAllowed`.
   TargetTable Target(const TableName& name, const std::string& storedName, bool sheetAllowed);
 
-  const std::vector<ExternalDatabase>& Databases() const { return databases_; }
-
  private:
   std::string AliasOf(std::string_view database, TextSpan span);
   std::string WorkbookOf(const TableName& name) const;
@@ -31,7 +28,6 @@ class DatabaseList {
 
   std::string_view jetText_;
   const AliasLookup& aliases_;
-  std::vector<ExternalDatabase> databases_;
 };
 
 }  // namespace velmar::jet

@@ -1,6 +1,5 @@
-#include "platform/jet/DatabaseList.h"
+#include "platform/jet/TableLocator.h"
 
-#include <algorithm>
 #include <cstddef>
 
 #include "platform/jet/Keywords.h"
@@ -45,22 +44,13 @@ Place ReadPlace(std::string_view database) {
 
 }  // namespace
 
-std::string DatabaseList::AliasOf(std::string_view database, TextSpan span) {
+std::string TableLocator::AliasOf(std::string_view database, TextSpan span) {
   const Place place = ReadPlace(database);
   if (place.path.empty()) throw FailureAt(jetText_, span, "Falta la ruta de la base de datos");
-  const auto known =
-      std::find_if(databases_.begin(), databases_.end(), [&place](const ExternalDatabase& entry) {
-        return entry.path == place.path && entry.password == place.password;
-      });
-  if (known != databases_.end()) return known->alias;
-  if (aliases_) {
-    if (std::string alias = aliases_(place.path, place.password); !alias.empty()) return alias;
-  }
-  databases_.push_back({"ext" + std::to_string(databases_.size() + 1), place.path, place.password, span});
-  return databases_.back().alias;
+  return aliases_(place.path, place.password);
 }
 
-std::string DatabaseList::AliasOf(const TableName& name) {
+std::string TableLocator::AliasOf(const TableName& name) {
   RefuseWorkbookAsTable(name);
   if (!name.database) return "main";
   if (IsSheet(*name.database)) {
@@ -70,7 +60,7 @@ std::string DatabaseList::AliasOf(const TableName& name) {
   return AliasOf(*name.database, name.databaseSpan);
 }
 
-TargetTable DatabaseList::Target(const TableName& name, const std::string& storedName, bool sheetAllowed) {
+TargetTable TableLocator::Target(const TableName& name, const std::string& storedName, bool sheetAllowed) {
   TargetTable target;
   target.table = storedName;
   target.span = name.span;
@@ -88,13 +78,13 @@ TargetTable DatabaseList::Target(const TableName& name, const std::string& store
 }
 
 // [Excel 8.0;DATABASE=a.xls] with nothing behind it reads as the name of a table, which nobody wants so.
-void DatabaseList::RefuseWorkbookAsTable(const TableName& name) const {
+void TableLocator::RefuseWorkbookAsTable(const TableName& name) const {
   if (IsSheet(name.table) && name.table.find(';') != std::string::npos) {
     throw FailureAt(jetText_, name.span, "Falta el nombre de la hoja detrás del libro");
   }
 }
 
-std::string DatabaseList::WorkbookOf(const TableName& name) const {
+std::string TableLocator::WorkbookOf(const TableName& name) const {
   std::string_view rest = *name.database;
   std::string path;
   if (!EqualWord(rest.substr(0, rest.find(';')), "Excel 8.0")) {
