@@ -144,6 +144,7 @@ std::span<const CommandLine::Command> CommandLine::Commands() {
        kExportOptions, &CommandLine::Export},
       {"plantillas",
        "plantillas [--usuario N] [--carpeta CARPETA] [--clave-gestion CLAVE]\n"
+       "        [--clave-informes CLAVE]\n"
        "      Muestra las plantillas de un usuario: nombre, campos, filtros y campos del orden.",
        kListOptions, &CommandLine::ListTemplates},
       {"sentencia",

@@ -69,13 +69,15 @@ std::string TemplateRun::Export(const std::string& file, bool overwrite, const T
   session.Run([&](wizard::frmExportacion& form) {
     Fill(form, session);
     form.prgExportar.Observe(progress);
-    form.watch.stageBegins = [&](exporting::RunStage stage) { progress.Begin(stage); };
+    form.watch.stageBegins = [&](exporting::RunStage stage) {
+      progress.Begin(stage);
+      // As closing the window does, a signal asks the run to stop; before the first stage there is none.
+      signal.OnTurn([&form] { form.UserClose(); });
+    };
     form.watch.ended = [&](Outcome outcome, const ErrObject& reason) {
       progress.End();
       end = {outcome, reason};
     };
-    // As closing the window does, a signal asks the run to stop.
-    signal.OnTurn([&form] { form.UserClose(); });
     if (!signal.Raised()) form.cmdExportar(Controls::kExport).UserClick();
     signal.OnTurn({});
   });
