@@ -6,7 +6,6 @@
 #include "export/BlockRun.h"
 #include "export/StagingTable.h"
 #include "export/TargetFile.h"
-#include "host/interfaces/cIFunciones.h"
 #include "platform/ado/Recordset.h"
 #include "platform/error/ErrObject.h"
 #include "platform/files/Files.h"
@@ -175,9 +174,7 @@ bool ExportRun::Stage(const Selection& selection, const Collection<cCampos>& mco
 
 Outcome ExportRun::ReportStagingFailed(const ErrObject& Err) {
   failure_ = Err;
-  ErrObject ignored;
-  const bool closed = ignored.Try([&] { cIFunciones().CerrarConexion(context_.conAuxiliar); });
-  if (!closed) context_.conAuxiliar.reset();
+  CloseAuxiliar();
   Tell(kStagingFailed, toolkit::kExclamation);
   if (IsOfTheSurroundings(failure_.Number())) TellReason();
   return Outcome::kStagingFailed;
@@ -289,7 +286,7 @@ void ExportRun::RemoveWorkDatabase() {
   ignored.Try([&] { files::Kill(context_.conAuxiliar->Properties("DATA SOURCE").Value()); });
 }
 
-/// How the run has ended is told by now, and no row is left to be lost.
+/// How the run ends is settled by now, and no row is left to be lost.
 void ExportRun::CloseAuxiliar() {
   if (context_.conAuxiliar == nullptr || context_.conAuxiliar->State() != ADODB::kStateOpen) return;
   // What cannot be closed is let go of with the object.

@@ -59,8 +59,8 @@ bool StagingStatement::Holds(std::string_view piece) const {
 }
 
 std::string StagingStatement::PendingText() const {
-  // Cut where the INTO clause stood, so that the path, whatever it holds, is not rewritten. The blank in
-  // front of INTO belongs to the first half: a name at its end is followed by it.
+  // Without the INTO clause, so that its path, whatever it holds, is not rewritten. The blank in front of
+  // INTO stays: a name there is followed by it.
   return OutsideQuotes(LCase(select_ + " " + rest_), [this](std::string piece) {
     for (const auto& [name, pending] : kPendingNames) piece = Replace(piece, name, pending);
     return Replace(piece, "select", "insert into " + Target() + " select");
